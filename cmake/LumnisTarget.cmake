@@ -1,0 +1,25 @@
+# lumnis_warnings(TARGET): the warnings that our own code is held to.
+function(lumnis_warnings target)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast>
+    # GCC 12 sees overlaps in std::string's operator+ that are not there (GCC bug 105651).
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
+    $<$<BOOL:${LUMNIS_WERROR}>:-Werror>)
+endfunction()
+
+# lumnis_folder(NAME SOURCES... [DEPENDS TARGETS...] [INCLUDE DIRS...]): one folder of the
+# library as a static target. INCLUDE are the folders whose headers others may see (src if left
+# out); DEPENDS are the folders that this one may call.
+function(lumnis_folder name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;INCLUDE" ${ARGN})
+  if(NOT ARG_INCLUDE)
+    set(ARG_INCLUDE src)
+  endif()
+  add_library(lumnis_${name} STATIC ${ARG_SOURCES})
+  target_include_directories(lumnis_${name} PUBLIC ${ARG_INCLUDE})
+  foreach(dependency IN LISTS ARG_DEPENDS)
+    target_link_libraries(lumnis_${name} PUBLIC lumnis_${dependency})
+  endforeach()
+  lumnis_warnings(lumnis_${name})
+endfunction()
