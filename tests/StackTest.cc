@@ -59,8 +59,9 @@ void onSmallStack(const std::function<void()>& theWork) {
     pthread_attr_destroy(&attributes);
 }
 
-// The message without its line, or "" for a script that compiles. Dumps the tree as well.
-std::string compile(const std::string& theSource) {
+// The message without its line, or "" for a script that compiles, whose tree of at least theDepth
+// levels is dumped as well: a line for each, one blank longer than the line above.
+std::string compile(const std::string& theSource, std::size_t theDepth = 1) {
     std::string message;
     onSmallStack([&] {
         DiscardBuffer treeBuffer;
@@ -75,7 +76,8 @@ std::string compile(const std::string& theSource) {
         compiler.setAssemblyStream(&listing);
         const CpsString source(theSource);
         if (compiler.compile(&source) == 1) {
-            EXPECT_GT(consoleBuffer.count(), 0u);
+            EXPECT_GT(consoleBuffer.count(), theDepth * (theDepth + 1) / 2);
+            EXPECT_GT(treeBuffer.count(), consoleBuffer.count());
         } else {
             CpsString text;
             compiler.getErrorMessage(0, text);
@@ -171,7 +173,7 @@ class NestingTest : public testing::TestWithParam<Nesting> {};
 
 TEST_P(NestingTest, LargestCompilesAndNextOverflows) {
     const Nesting& row = GetParam();
-    EXPECT_EQ(compile(nested(row, row.largest)), "") << row.largest;
+    EXPECT_EQ(compile(nested(row, row.largest), static_cast<std::size_t>(row.largest)), "");
     EXPECT_EQ(compile(nested(row, row.largest + 1)), "parser stack overflow") << row.largest + 1;
     EXPECT_EQ(compile(nested(row, 100000)), "parser stack overflow");
 }
@@ -184,15 +186,16 @@ INSTANTIATE_TEST_SUITE_P(All, NestingTest, testing::ValuesIn(theNestings),
 // What is built as a list needs no depth of the parser's stack and must need none elsewhere.
 TEST(Lists, HaveNoDepth) {
     const Nesting lists[] = {
-        {"Commas", theReturn, "1,", "1", "", ";}", 0},
-        {"Sums", theReturn, "1+", "1", "", ";}", 0},
-        {"Ors", theReturn, "1||", "1", "", ";}", 0},
-        {"Statements", theBody, ";", "", "", "}", 0},
-        {"Variables", theBodyA, "for(a;a;a);", "", "", "}", 0},
-        {"Arguments", "use url u \"x\"; function f() { u#g(1,1),", "u#g(1,1),", "1", "", ";}", 0},
+        {"Commas", theReturn, "1,", "1", "", ";}", 50000},
+        {"Sums", theReturn, "1+", "1", "", ";}", 50000},
+        // Five bytes each, below a jump's range of 65535.
+        {"Ors", theReturn, "1||", "1", "", ";}", 13000},
+        {"Statements", theBody, ";", "", "", "}", 50000},
+        {"Loops", theBodyA, "for(a;a;a);", "", "", "}", 50000},
+        {"Calls", "use url u \"x\"; function f() { ", "u#g(1,1),", "1", "", ";}", 50000},
     };
     for (const Nesting& row : lists) {
-        EXPECT_EQ(compile(nested(row, 50000)), "") << row.name;
+        EXPECT_EQ(compile(nested(row, row.largest)), "") << row.name;
     }
 }
 
