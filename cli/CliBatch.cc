@@ -117,6 +117,7 @@ void Batch::refuseSharedPaths() const {
 }
 
 CliExit Batch::run() {
+    progressM.show(0, inputName(optionsM.inputs.front()));
     runInOrder<Item>(
         optionsM.inputs.size(), optionsM.jobs,
         [this](std::size_t theIndex) { return process(theIndex); },

@@ -6,6 +6,7 @@
 #include "CliCharset.h"
 #include "CliDiagnostics.h"
 #include "CliHelp.h"
+#include "WmlsCompileDriver.h"
 #include "WscWmlScriptCompiler.h"
 
 namespace lumnis {
@@ -30,29 +31,6 @@ std::string errorText(const WscWmlScriptCompiler& theCompiler) {
         result += message.view();
     }
     return result + "\n";
-}
-
-std::string pragmaLine(std::string_view theHead, const CpsString& theProperty,
-                       const CpsString& theContent, const CpsString& theScheme) {
-    std::string line(theHead);
-    line.append(theProperty).append("\" \"").append(theContent).append("\"");
-    if (!theScheme.empty()) {
-        line.append(" \"").append(theScheme).append("\"");
-    }
-    return line + "\n";
-}
-
-std::string pragmaReport(const WscWmlScriptCompiler& theCompiler) {
-    std::string report;
-    for (unsigned i = 0; i < theCompiler.getNumMetaHttp(); ++i) {
-        report += pragmaLine("<PRAGMA> MetaHTTP: \"", theCompiler.getMetaHttpProperty(i),
-                             theCompiler.getMetaHttpContent(i), theCompiler.getMetaHttpScheme(i));
-    }
-    for (unsigned i = 0; i < theCompiler.getNumMetaName(); ++i) {
-        report += pragmaLine("<PRAGMA> MetaName: \"", theCompiler.getMetaNameProperty(i),
-                             theCompiler.getMetaNameContent(i), theCompiler.getMetaNameScheme(i));
-    }
-    return report + "\n";
 }
 
 }  // namespace
@@ -91,9 +69,7 @@ void CompileCommand::addTo(CLI::App& theApp) {
                      "the order of the arguments")
         ->option_text("N")
         ->check(CLI::Range(1, 1024));
-    const std::map<std::string, CliErrorFormat> formats = {
-        {"gcc", CliErrorFormat::gcc}, {"json", CliErrorFormat::json}, {"raw", CliErrorFormat::raw}};
-    verb->add_option("--error-format", batchM.errorFormat,
+    verb->add_option("--error-format", errorFormatM,
                      "gcc (FILE:LINE: error: MESSAGE, as editors expect it), json\n"
                      "(an object a line: file, line, message, source) or raw (the\n"
                      "library's own text); without it gcc")
@@ -144,13 +120,13 @@ CliBatchResult CompileCommand::compile(const std::string& theName, const CpsStri
         return result;
     }
     result.product = compiler.getByteCode()->view();
-    // With the tree on standard output the copy is there already.
-    if (!isStandardOutput(treeM)) {
-        result.report = console.str();
+    if (isStandardOutput(treeM)) {
+        console.str({});  // the copy is there already
     }
     if (hasPragmaReportM) {
-        result.report += pragmaReport(compiler);
+        WmlsCompileDriver::writePragmaReport(compiler, console);
     }
+    result.report = console.str();
     result.sideTexts = {listing.str(), tree.str()};
     return result;
 }
