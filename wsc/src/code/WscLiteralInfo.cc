@@ -1,0 +1,54 @@
+#include "WscLiteralInfo.h"
+
+#include <bit>
+
+#include "WscStringAndIntHandler.h"
+
+namespace lumnis {
+
+namespace {
+
+// The low theCount bytes of theValue, most significant first.
+void writeBigEndian(CpsString& theOutput, std::uint32_t theValue, unsigned theCount) {
+    while (theCount-- != 0) {
+        theOutput += static_cast<char>((theValue >> (8 * theCount)) & 0xFF);
+    }
+}
+
+void writeString(CpsString& theOutput, WscLiteralInfo::Type theType, const CpsString& theText) {
+    theOutput += static_cast<char>(theType);
+    WscStringAndIntHandler().getAsMultiByteInteger(theText.length(), theOutput);
+    theOutput += theText;
+}
+
+}  // namespace
+
+void WscLiteralInt8::writeByteCodeInformation(CpsString& theOutput) const {
+    theOutput += static_cast<char>(Int8);
+    theOutput += static_cast<char>(valueM);
+}
+
+void WscLiteralInt16::writeByteCodeInformation(CpsString& theOutput) const {
+    theOutput += static_cast<char>(Int16);
+    writeBigEndian(theOutput, static_cast<std::uint16_t>(valueM), 2);
+}
+
+void WscLiteralInt32::writeByteCodeInformation(CpsString& theOutput) const {
+    theOutput += static_cast<char>(Int32);
+    writeBigEndian(theOutput, static_cast<std::uint32_t>(valueM), 4);
+}
+
+void WscLiteralFloat::writeByteCodeInformation(CpsString& theOutput) const {
+    theOutput += static_cast<char>(Float);
+    writeBigEndian(theOutput, std::bit_cast<std::uint32_t>(valueM), 4);
+}
+
+void WscLiteralStringUtf8::writeByteCodeInformation(CpsString& theOutput) const {
+    writeString(theOutput, StringUtf8, textM);
+}
+
+void WscLiteralStringExtern::writeByteCodeInformation(CpsString& theOutput) const {
+    writeString(theOutput, StringExtern, textM);
+}
+
+}  // namespace lumnis
