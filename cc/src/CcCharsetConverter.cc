@@ -240,7 +240,7 @@ bool CcCharsetConverter::getAsUtf8(std::string_view theInput, std::uint32_t theS
     return true;
 }
 
-bool CcCharsetConverter::convertToUtf8(const CpsString& theInput, CpsString& theOutput,
+bool CcCharsetConverter::convertToUtf8(std::string_view theInput, CpsString& theOutput,
                                        HedCharsetId theCharset) {
     FwTraceScope scope("CcCharsetConverter::convertToUtf8");
     theOutput.clear();
@@ -277,7 +277,7 @@ bool CcCharsetConverter::convertToUtf8(const CpsString& theInput, CpsString& the
     return false;
 }
 
-bool CcCharsetConverter::convertFromUtf8(const CpsString& theInput, CpsString& theOutput,
+bool CcCharsetConverter::convertFromUtf8(std::string_view theInput, CpsString& theOutput,
                                          HedCharsetId theCharset, bool useEscape) {
     FwTraceScope scope("CcCharsetConverter::convertFromUtf8");
     if (theInput.empty()) {
@@ -329,7 +329,7 @@ bool CcCharsetConverter::convertFromUtf8(const CpsString& theInput, CpsString& t
 }
 
 bool CcCharsetConverter::convert(std::uint32_t theSource, std::uint32_t theDestination,
-                                 const CpsString& theInput, CpsString& theOutput, bool useEscape) {
+                                 std::string_view theInput, CpsString& theOutput, bool useEscape) {
     using Result = FwCodePageConverter::Result;
     FwTraceScope scope("CcCharsetConverter::convert");
     errorMessageM.clear();
@@ -346,7 +346,7 @@ bool CcCharsetConverter::convert(std::uint32_t theSource, std::uint32_t theDesti
             return false;
         }
     }
-    const std::size_t capacity = theGrowth * theInput.length();
+    const std::size_t capacity = theGrowth * theInput.size();
     const auto destination = std::make_unique_for_overwrite<char[]>(capacity);
     std::size_t size = 0;
     const Result result = conversionObjectM->convert(theInput, {destination.get(), capacity}, size);
@@ -373,16 +373,15 @@ bool CcCharsetConverter::convert(std::uint32_t theSource, std::uint32_t theDesti
     return false;
 }
 
-CpsString CcCharsetConverter::getWbxmlString(const CpsString& theInput) {
+CpsString CcCharsetConverter::getWbxmlString(std::string_view theInput) {
     FwTraceScope scope("CcCharsetConverter::getWbxmlString");
     CpsString result;
-    const std::string_view input = theInput;
-    for (std::size_t at = 0; at < input.size();) {
-        const std::size_t length = sequenceLength(input[at]);
-        if (length == 0 || length > input.size() - at) {
+    for (std::size_t at = 0; at < theInput.size();) {
+        const std::size_t length = sequenceLength(theInput[at]);
+        if (length == 0 || length > theInput.size() - at) {
             break;
         }
-        const std::string_view character = input.substr(at, length);
+        const std::string_view character = theInput.substr(at, length);
         char bytes[theCharacterRoom];
         std::size_t size = 0;
         if (conversionObjectM->convert(character, bytes, size) ==

@@ -43,7 +43,7 @@ class CcCharsetConverter {
     // Replaces theOutput by theInput in UTF-8. False with a message for empty input, a set that
     // cannot be read, and input that is malformed; theOutput is then empty. UTF-8 (106) is copied
     // without a look at it.
-    bool convertToUtf8(const CpsString& theInput, CpsString& theOutput, HedCharsetId theCharset);
+    bool convertToUtf8(std::string_view theInput, CpsString& theOutput, HedCharsetId theCharset);
 
     // Replaces theOutput by theInput, which is UTF-8, in theCharset. With useEscape a character
     // that the set lacks is written as the ENTITY token of WBXML if entity tokenization is on,
@@ -51,17 +51,17 @@ class CcCharsetConverter {
     // False with a message for empty input and for characters that the set lacks, theOutput being
     // as it was; and for a set that cannot be written, theOutput being empty.
     // Always with escapes, whatever useEscape says: the sets 1000, 1001 and -4.
-    bool convertFromUtf8(const CpsString& theInput, CpsString& theOutput, HedCharsetId theCharset,
+    bool convertFromUtf8(std::string_view theInput, CpsString& theOutput, HedCharsetId theCharset,
                          bool useEscape);
 
     // Converts between two code pages, one of them UTF-8 (65001). As convertFromUtf8 on failure:
     // theOutput stays as it was.
-    bool convert(std::uint32_t theSource, std::uint32_t theDestination, const CpsString& theInput,
+    bool convert(std::uint32_t theSource, std::uint32_t theDestination, std::string_view theInput,
                  CpsString& theOutput, bool useEscape);
 
     // theInput, which is UTF-8, character by character with the code pages of the latest convert,
     // the ENTITY token standing for each character that does not go. Stops at malformed input.
-    CpsString getWbxmlString(const CpsString& theInput);
+    CpsString getWbxmlString(std::string_view theInput);
 
     // The text of the latest failure.
     CpsString getErrorMessage() const { return errorMessageM; }

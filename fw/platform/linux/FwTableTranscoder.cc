@@ -31,10 +31,12 @@ bool isTag(std::string_view theCharacter) {
                                         theCharacter.substr(0, 3) == "\xF3\xA0\x81");
 }
 
-// U+0080 to U+009F.
-bool isUpperControl(std::string_view theCharacter) {
+constexpr std::string_view theUndefinedBytes = "\x81\x8D\x8F\x90\x9D";
+
+// The control character of one of the bytes above.
+bool isUndefinedControl(std::string_view theCharacter) {
     return theCharacter.size() == 2 && theCharacter[0] == '\xC2' &&
-           static_cast<unsigned char>(theCharacter[1]) < 0xA0;
+           theUndefinedBytes.find(theCharacter[1]) != std::string_view::npos;
 }
 
 }  // namespace
@@ -99,7 +101,7 @@ void FwTableEncoder::encodeRun(std::string_view theText, FwConversionSink& theSi
             return;
         }
         const std::string_view character = theText.substr(0, fwScanUtf8(theText).length);
-        if (tableM.passesUndefined && isUpperControl(character)) {
+        if (tableM.passesUndefined && isUndefinedControl(character)) {
             theSink.put(character[1]);
         } else {
             theSink.substitute(theMissingCharacter);
@@ -136,8 +138,7 @@ void FwTableDecoder::convert(std::string_view theSource, FwConversionSink& theSi
             theSource = {};
         } else {
             const char byte = theSource[0];
-            if (tableM.passesUndefined && isFurtherByte(byte) &&
-                static_cast<unsigned char>(byte) < 0xA0) {
+            if (tableM.passesUndefined && theUndefinedBytes.find(byte) != std::string_view::npos) {
                 theSink.put('\xC2');
                 theSink.put(byte);
             } else {

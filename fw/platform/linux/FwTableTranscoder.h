@@ -10,8 +10,8 @@ namespace lumnis {
 // How a code page that has no shift states is named to iconv.
 struct FwIconvTable {
     const char* name;
-    // Bytes from 80 to 9F that the code page leaves undefined are the control characters of the
-    // same number.
+    // The bytes that code page 1252 leaves undefined are the control characters of the same
+    // number.
     bool passesUndefined;
 };
 
