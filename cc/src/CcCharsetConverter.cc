@@ -395,8 +395,8 @@ CpsString CcCharsetConverter::getWbxmlString(std::string_view theInput) {
     return result;
 }
 
-void CcCharsetConverter::fail(const char* theTrace, std::string_view theMessage) {
-    FwApplicationLog::instance().debug(theTrace);
+void CcCharsetConverter::fail(const char* theTrace, std::string_view theMessage, int theLine) {
+    FwApplicationLog::instance().debug(theTrace, __FILE__, theLine);
     errorMessageM = theMessage;
 }
 

@@ -94,7 +94,7 @@ class CcCharsetConverter {
     // Takes an object out of the pool; false when the pool is empty.
     bool getConversionObject();
     void putConversionObject();
-    void fail(const char* theTrace, std::string_view theMessage);
+    void fail(const char* theTrace, std::string_view theMessage, int theLine = __builtin_LINE());
 
     CpsString errorMessageM;
     std::uint32_t sourceM;       // the pair for which conversionObjectM is set up, as far as

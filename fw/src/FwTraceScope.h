@@ -31,7 +31,7 @@ class [[maybe_unused]] FwTraceScope {
         }
     }
 #else
-    explicit constexpr FwTraceScope(const char*) noexcept {}
+    explicit constexpr FwTraceScope(const char*, const char* = nullptr, int = 0) noexcept {}
     ~FwTraceScope() = default;
 #endif
     FwTraceScope(const FwTraceScope&) = delete;

@@ -4,8 +4,31 @@
 
 #include <cstdio>
 #include <string>
+#include <string_view>
 
 namespace lumnis {
+
+namespace {
+
+bool isControl(char theCharacter) {
+    return static_cast<unsigned char>(theCharacter) < 0x20 || theCharacter == '\x7F';
+}
+
+// The log has lines: control characters become blanks, those at the start are dropped, and so is
+// a string of nothing else.
+void appendString(std::string_view theString, std::string& theLine) {
+    while (!theString.empty() && isControl(theString[0])) {
+        theString.remove_prefix(1);
+    }
+    if (!theString.empty()) {
+        theLine += ' ';
+        for (const char c : theString) {
+            theLine += isControl(c) ? ' ' : c;
+        }
+    }
+}
+
+}  // namespace
 
 FwEventSource::FwEventSource(const char* theName) : nameM(theName) {}
 
@@ -19,21 +42,8 @@ void FwEventSource::report(FwEventType theType, int theCategory, unsigned theEve
         std::string line(nameM.view());
         line += head;
         for (const char* string : theStrings) {
-            if (string == nullptr) {
-                continue;
-            }
-            line += ' ';
-            for (const char* c = string; *c != '\0'; ++c) {
-                // One line, whatever the text; line ends at its start are dropped.
-                const bool isControl = static_cast<unsigned char>(*c) < 0x20 || *c == '\x7F';
-                if (!isControl) {
-                    line += *c;
-                } else if (line.back() != ' ') {
-                    line += ' ';
-                }
-            }
-            if (line.back() == ' ') {
-                line.pop_back();
+            if (string != nullptr) {
+                appendString(string, line);
             }
         }
         ::syslog(LOG_USER | (theType == FwEventType::error ? LOG_ERR : LOG_INFO), "%s",
