@@ -26,14 +26,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* theData, std::size_t t
 
     lumnis::FwSettingsText settings;
     const std::size_t line = settings.parse(text);
-    const auto section = settings.findKey(key);
+    const auto* section = settings.findKey(key);
     if (line != 0) {
         // The line is there, and a refused text has nothing.
         require(line <= static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1);
-        require(!section);
+        require(section == nullptr);
         return 0;
     }
-    const std::string* value = section ? settings.findValue(*section, name) : nullptr;
+    const std::string* value = section != nullptr ? settings.findValue(*section, name) : nullptr;
     if (value != nullptr) {
         require(text.find(*value) != std::string_view::npos);
         // A later line holds, and a section may be continued.

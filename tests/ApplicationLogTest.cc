@@ -481,6 +481,7 @@ TEST_F(ApplicationLog, LinesOfThreadsDoNotMix) {
                   }
               }),
               0);
+    EXPECT_EQ(standardError(), "");  // where a thread sanitizer would complain
     const std::vector<std::string> lines = linesOf(log());
     EXPECT_EQ(lines.size(), 8u * 50 * 5);
     for (const std::string& line : lines) {

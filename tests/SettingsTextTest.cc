@@ -10,14 +10,14 @@ namespace {
 std::string lookUp(std::string_view theText, std::string_view theKey, std::string_view theName) {
     FwSettingsText settings;
     if (const std::size_t line = settings.parse(theText); line != 0) {
-        EXPECT_FALSE(settings.findKey(theKey));
+        EXPECT_EQ(settings.findKey(theKey), nullptr);
         return "line " + std::to_string(line);
     }
-    const auto key = settings.findKey(theKey);
-    if (!key) {
+    const FwSettingsText::Section* key = settings.findKey(theKey);
+    if (key == nullptr) {
         return "no key";
     }
-    const std::string* value = settings.findValue(*key, theName);
+    const std::string* value = FwSettingsText::findValue(*key, theName);
     return value == nullptr ? "no value" : *value;
 }
 

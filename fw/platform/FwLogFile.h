@@ -1,5 +1,4 @@
-// Service of the platform: files that lines are appended to, and the care for the host that
-// does not know of them.
+// Service of the platform: files that lines are appended to.
 #pragma once
 
 #include <atomic>
@@ -10,7 +9,8 @@ namespace lumnis {
 
 // A file open for appending. All failures are silent: a line that cannot be written vanishes.
 // One write of the system for a line, at the end of the file, so that lines of several writers
-// do not mix even where no mutex keeps them apart.
+// do not mix even where no mutex keeps them apart. Signals that a write raises, for a broken pipe
+// or a size limit, do not reach the host.
 class FwLogFile {
   public:
     FwLogFile() = default;
@@ -34,20 +34,6 @@ class FwLogFile {
     std::uint64_t fileM = 0;
     // Part of a line got out before the disk was full: the next line must not be glued to it.
     std::atomic<bool> isTornM{false};
-};
-
-// While the object lives, what the log does stays hidden from the code that the log was called
-// from: errno, signals for a broken pipe or a file size limit, cancellation of the thread.
-class FwHostGuard {
-  public:
-    FwHostGuard() noexcept;
-    FwHostGuard(const FwHostGuard&) = delete;
-    FwHostGuard& operator=(const FwHostGuard&) = delete;
-    ~FwHostGuard();
-
-  private:
-    const int errnoM;
-    int cancelStateM = 0;
 };
 
 }  // namespace lumnis

@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "FwEventLog.h"
+#include "FwHostGuard.h"
 #include "FwNamedMutex.h"
 #include "FwProcessTable.h"
 #include "FwRegistry.h"

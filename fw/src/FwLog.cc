@@ -1,6 +1,7 @@
 #include "FwLog.h"
 
 #include "FwApplicationLog.h"
+#include "FwHostGuard.h"
 
 namespace lumnis {
 

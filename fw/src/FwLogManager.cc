@@ -2,6 +2,7 @@
 
 #include <mutex>
 
+#include "FwHostGuard.h"
 #include "FwNamedMutex.h"
 
 namespace lumnis {
@@ -33,6 +34,7 @@ FwLog* FwLogManager::getLog(const char* theName) {
     if (FwLog* log = find(theName); log != nullptr) {
         return log;
     }
+    const FwHostGuard guard;
     static std::mutex theCreation;
     // The mutex between processes orders the announcing of a source to the platform; it may be
     // missed (see FwNamedMutex.h), so the list has a lock of its own.

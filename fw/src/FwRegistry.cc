@@ -1,5 +1,6 @@
 #include "FwRegistry.h"
 
+#include <algorithm>
 #include <limits>
 #include <stdexcept>
 #include <string>

@@ -47,8 +47,8 @@ class [[maybe_unused]] FwTraceScope {
 
 #if LUMNIS_TRACE_SCOPES
     // Passed by value, so that the scope itself need not exist in memory.
-    static void mark(int theKind, const char* theFunction, const char* theFile,
-                     int theLine) noexcept;
+    [[gnu::cold]] static void mark(int theKind, const char* theFunction, const char* theFile,
+                                   int theLine) noexcept;
 
     const char* const functionM;
     const char* const fileM;

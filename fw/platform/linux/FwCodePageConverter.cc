@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <new>
-#include <optional>
 #include <system_error>
 #include <utility>
 

@@ -119,13 +119,4 @@ void FwLogFile::writeStandardError(std::string_view theLine) noexcept {
     writeAll(STDERR_FILENO, theLine);
 }
 
-FwHostGuard::FwHostGuard() noexcept : errnoM(errno) {
-    pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &cancelStateM);
-}
-
-FwHostGuard::~FwHostGuard() {
-    pthread_setcancelstate(cancelStateM, nullptr);
-    errno = errnoM;
-}
-
 }  // namespace lumnis

@@ -86,7 +86,7 @@ struct FwSettingsStore::State {
     }
 
     FwSettingsText text;
-    std::optional<std::size_t> openKey;
+    const FwSettingsText::Section* openKey = nullptr;
     mutable int error = 0;       // of the latest failure
     std::size_t brokenLine = 0;  // of the file, when the failure is one of its form
 };
@@ -114,14 +114,14 @@ bool FwSettingsStore::connect(const char* theMachine, FwHive theHive) {
 
 bool FwSettingsStore::openKey(std::string_view theKey) {
     stateM->openKey = stateM->text.findKey(theKey);
-    return stateM->openKey.has_value() || stateM->fail(ENOENT);
+    return stateM->openKey != nullptr || stateM->fail(ENOENT);
 }
 
 bool FwSettingsStore::queryValue(std::string_view theName, CpsString& theValue) const {
-    if (!stateM->openKey) {
+    if (stateM->openKey == nullptr) {
         return stateM->fail(EBADF);
     }
-    const std::string* value = stateM->text.findValue(*stateM->openKey, theName);
+    const std::string* value = FwSettingsText::findValue(*stateM->openKey, theName);
     if (value == nullptr) {
         return stateM->fail(ENODATA);
     }
@@ -130,10 +130,10 @@ bool FwSettingsStore::queryValue(std::string_view theName, CpsString& theValue) 
 }
 
 bool FwSettingsStore::closeKey() {
-    if (!stateM->openKey) {
+    if (stateM->openKey == nullptr) {
         return stateM->fail(EBADF);
     }
-    stateM->openKey.reset();
+    stateM->openKey = nullptr;
     return true;
 }
 

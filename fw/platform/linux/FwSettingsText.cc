@@ -15,21 +15,19 @@ std::string_view trimmed(std::string_view theText) {
     return theText.substr(first, theText.find_last_not_of(theBlanks) - first + 1);
 }
 
-char upper(char theLetter) {
-    return theLetter >= 'a' && theLetter <= 'z' ? static_cast<char>(theLetter - 'a' + 'A')
-                                                : theLetter;
-}
-
-bool isSame(std::string_view theLeft, std::string_view theRight) {
-    return std::equal(theLeft.begin(), theLeft.end(), theRight.begin(), theRight.end(),
-                      [](char l, char r) { return upper(l) == upper(r); });
+std::string folded(std::string_view theText) {
+    std::string result(theText);
+    for (char& c : result) {
+        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+    }
+    return result;
 }
 
 }  // namespace
 
 std::size_t FwSettingsText::parse(std::string_view theText) {
-    keysM.clear();
-    valuesM.clear();
+    sectionsM.clear();
+    currentM = nullptr;
     if (theText.starts_with("\xEF\xBB\xBF")) {
         theText.remove_prefix(3);
     }
@@ -41,8 +39,7 @@ std::size_t FwSettingsText::parse(std::string_view theText) {
             content.remove_suffix(1);
         }
         if (!parseLine(trimmed(content))) {
-            keysM.clear();
-            valuesM.clear();
+            sectionsM.clear();
             return line;
         }
     }
@@ -58,15 +55,11 @@ bool FwSettingsText::parseLine(std::string_view theLine) {
             return false;
         }
         const std::string_view key = trimmed(theLine.substr(1, theLine.size() - 2));
-        const auto found = findKey(key);
-        currentM = found.value_or(keysM.size());
-        if (!found) {
-            keysM.emplace_back(key);
-        }
+        currentM = &sectionsM[folded(key)];
         return !key.empty();
     }
     const std::size_t sign = theLine.find('=');
-    if (sign == std::string_view::npos || keysM.empty()) {
+    if (sign == std::string_view::npos || currentM == nullptr) {
         return false;
     }
     const std::string_view name = trimmed(theLine.substr(0, sign));
@@ -74,26 +67,18 @@ bool FwSettingsText::parseLine(std::string_view theLine) {
     if (value.size() >= 2 && value.front() == '"' && value.back() == '"') {
         value = value.substr(1, value.size() - 2);
     }
-    valuesM.push_back({currentM, std::string(name), std::string(value)});
+    (*currentM)[folded(name)] = value;
     return !name.empty();
 }
 
-std::optional<std::size_t> FwSettingsText::findKey(std::string_view theKey) const {
-    const auto found = std::find_if(keysM.begin(), keysM.end(), [&](const std::string& theOther) {
-        return isSame(theOther, theKey);
-    });
-    if (found == keysM.end()) {
-        return std::nullopt;
-    }
-    return static_cast<std::size_t>(found - keysM.begin());
+const FwSettingsText::Section* FwSettingsText::findKey(std::string_view theKey) const {
+    const auto found = sectionsM.find(folded(theKey));
+    return found == sectionsM.end() ? nullptr : &found->second;
 }
 
-const std::string* FwSettingsText::findValue(std::size_t theSection,
-                                             std::string_view theName) const {
-    const auto found = std::find_if(valuesM.rbegin(), valuesM.rend(), [&](const Value& theValue) {
-        return theValue.section == theSection && isSame(theValue.name, theName);
-    });
-    return found == valuesM.rend() ? nullptr : &found->value;
+const std::string* FwSettingsText::findValue(const Section& theSection, std::string_view theName) {
+    const auto found = theSection.find(folded(theName));
+    return found == theSection.end() ? nullptr : &found->second;
 }
 
 }  // namespace lumnis

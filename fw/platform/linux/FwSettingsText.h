@@ -13,36 +13,32 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace lumnis {
 
 class FwSettingsText {
   public:
+    // Values by name; names are folded to one case.
+    using Section = std::map<std::string, std::string, std::less<>>;
+
     // Reads a text. On a line that is none of the forms above the result is its number, from 1,
     // and nothing is kept; 0 is success.
     std::size_t parse(std::string_view theText);
 
-    // The number of a key's section, if there is one.
-    std::optional<std::size_t> findKey(std::string_view theKey) const;
-    // Null when the section has no such value. Valid until the next parse.
-    const std::string* findValue(std::size_t theSection, std::string_view theName) const;
+    // Null when there is no section of that key, no value of that name. Valid until the next
+    // parse.
+    const Section* findKey(std::string_view theKey) const;
+    static const std::string* findValue(const Section& theSection, std::string_view theName);
 
   private:
-    struct Value {
-        std::size_t section;
-        std::string name;
-        std::string value;
-    };
-
     bool parseLine(std::string_view theLine);
 
-    std::vector<std::string> keysM;
-    std::vector<Value> valuesM;
-    std::size_t currentM = 0;  // in keysM
+    std::map<std::string, Section, std::less<>> sectionsM;  // keys are folded, too
+    Section* currentM = nullptr;                            // null in front of the first section
 };
 
 }  // namespace lumnis
