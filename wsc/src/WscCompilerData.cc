@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "CcCharsetConverter.h"
+#include "FwTraceScope.h"
 #include "WscFunctionLibraryTable.h"
 #include "WscGrammar.h"
 #include "WscJumpLayout.h"
@@ -16,7 +18,7 @@ namespace lumnis {
 
 namespace {
 
-constexpr unsigned int theUtf8Charset = 106;  // IANA MIBenum
+constexpr unsigned int theDefaultCharset = 106;  // UTF-8, as all text is inside
 constexpr int theMaxVariableNumber = 255;
 constexpr int theMaxConstIndex = 65535;
 
@@ -66,7 +68,7 @@ WscCompilerData::WscCompilerData(std::ostream* theDebugStream, std::ostream* the
       majorVersionM(theMajorVersion),
       minorVersionM(theMinorVersion),
       acceptCharsetsM(std::move(theAcceptCharsets)),
-      selectedCharsetM(theUtf8Charset) {}
+      selectedCharsetM(theDefaultCharset) {}
 
 WscCompilerData::~WscCompilerData() = default;
 
@@ -495,13 +497,43 @@ void WscCompilerData::writeListing(const WscFunctionInfo& theFunction) {
     listingStreamM->flush();
 }
 
-unsigned int WscCompilerData::selectOutEncoding() {
-    for (const unsigned int charset : acceptCharsetsM) {
-        if (charset == theUtf8Charset) {
-            break;
+std::vector<WscLiteralStringExtern*> WscCompilerData::externStrings() const {
+    std::vector<WscLiteralStringExtern*> result;
+    for (const auto& constant : constantsM) {
+        if (constant->getTypeNbr() == WscLiteralInfo::StringExtern) {
+            result.push_back(static_cast<WscLiteralStringExtern*>(constant.get()));
         }
     }
-    return selectedCharsetM;
+    return result;
+}
+
+unsigned int WscCompilerData::selectOutEncoding() {
+    FwTraceScope scope("WscCompilerData::selectOutEncoding");
+    if (acceptCharsetsM.empty()) {
+        return selectedCharsetM;
+    }
+    if (charsetConverterM == nullptr) {
+        charsetConverterM = std::make_unique<CcCharsetConverter>();
+    }
+    const std::vector<WscLiteralStringExtern*> strings = externStrings();
+    for (const unsigned int charset : acceptCharsetsM) {
+        const auto isCarried = [&](WscLiteralStringExtern* theString) {
+            const bool isDone =
+                charset == theDefaultCharset || theString->transcode(*charsetConverterM, charset);
+            theString->setCharset(charset);
+            return isDone;
+        };
+        if (std::all_of(strings.begin(), strings.end(), isCarried)) {
+            return selectedCharsetM = charset;
+        }
+    }
+    // No accepted charset carries all strings: the most wanted one, with escapes.
+    const unsigned int first = acceptCharsetsM.front();
+    for (WscLiteralStringExtern* string : strings) {
+        string->transcode(*charsetConverterM, first, true);
+        string->setCharset(first);
+    }
+    return selectedCharsetM = first;
 }
 
 void WscCompilerData::writeByteCode() {

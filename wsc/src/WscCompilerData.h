@@ -23,6 +23,8 @@
 
 namespace lumnis {
 
+class CcCharsetConverter;
+
 class WscCompilerData {
   public:
     // theDebugStream receives the line number of every DEBUG instruction, and debug mode is on
@@ -141,7 +143,8 @@ class WscCompilerData {
 
     // The end of the unit, once each and in this order.
 
-    // Chooses the charset of the strings among the accepted ones and returns it.
+    // Chooses the charset of the strings: the first accepted one that carries all of them, else
+    // the first of all, with escapes. Returns it. Throws CCException when there is no converter.
     unsigned int selectOutEncoding();
     void writeByteCode();
 
@@ -179,6 +182,8 @@ class WscCompilerData {
     template <class Instruction, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
     void emitWithVariable(WscOpcode theOpcode, int theVarNo);
+    // The constants that the charset concerns, by index.
+    std::vector<WscLiteralStringExtern*> externStrings() const;
     void dropClosingReturn();
     void writeFunction(const WscFunctionInfo& theFunction, unsigned theNoOfVariables,
                        std::uint32_t theCodeSize);
@@ -218,8 +223,9 @@ class WscCompilerData {
     std::uint32_t firstLabelM = 0;  // of the current function
     WscFunctionCode codeM;
 
-    CpsString functionBufferM;  // finished bodies
-    CpsString byteCodeM;        // the file
+    CpsString functionBufferM;                              // finished bodies
+    CpsString byteCodeM;                                    // the file
+    std::unique_ptr<CcCharsetConverter> charsetConverterM;  // made on first need
 };
 
 }  // namespace lumnis
