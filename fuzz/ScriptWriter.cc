@@ -10,7 +10,7 @@ namespace {
 // nests deeper is the other fuzzer's and the tests' matter.
 constexpr unsigned theMaxDepth = 24;
 // A few bytes may ask for many repetitions; this bounds what they get.
-constexpr std::size_t theMaxLength = 200'000;
+constexpr std::size_t theMaxLength = 30'000;
 
 constexpr std::array<std::string_view, 20> theBinaryOperators = {
     "+",  "-",  "*",  "/",  "%",   "div", "==", "!=", "<",  ">",
