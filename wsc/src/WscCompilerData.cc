@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "CcCharsetConverter.h"
+#include "FwTraceScope.h"
 #include "WscFunctionLibraryTable.h"
 #include "WscGrammar.h"
 #include "WscJumpLayout.h"
@@ -16,7 +18,7 @@ namespace lumnis {
 
 namespace {
 
-constexpr unsigned int theUtf8Charset = 106;  // IANA MIBenum
+constexpr unsigned int theDefaultCharset = 106;  // UTF-8, as all text is inside
 constexpr int theMaxVariableNumber = 255;
 constexpr int theMaxConstIndex = 65535;
 
@@ -24,11 +26,6 @@ void requireRange(int theValue, int theMaximum, const char* theMessage) {
     if (theValue < 0 || theValue > theMaximum) {
         throw std::runtime_error(theMessage);
     }
-}
-
-int find(const std::unordered_map<std::string_view, int>& theNumbers, const CpsString& theName) {
-    const auto found = theNumbers.find(theName.view());
-    return found == theNumbers.end() ? -1 : found->second;
 }
 
 // Doubles a buffer that is to take theCount more bytes, so that building it costs linear time.
@@ -43,6 +40,25 @@ void makeRoom(CpsString& theBuffer, std::uint32_t theCount) {
 
 }  // namespace
 
+bool WscCompilerData::NameMap::add(const WscName& theName, int theValue) {
+    if (find(theName) >= 0) {
+        return false;
+    }
+    if (theName.number >= valuesM.size()) {
+        valuesM.resize(theName.number + 1, -1);
+    }
+    namesM.push_back(theName.number);
+    valuesM[theName.number] = theValue;
+    return true;
+}
+
+void WscCompilerData::NameMap::clear() noexcept {
+    for (const unsigned name : namesM) {
+        valuesM[name] = -1;
+    }
+    namesM.clear();
+}
+
 WscCompilerData::WscCompilerData(std::ostream* theDebugStream, std::ostream* theListingStream,
                                  std::vector<unsigned int> theAcceptCharsets, bool theOptimizeMode,
                                  std::uint8_t theMajorVersion, std::uint8_t theMinorVersion)
@@ -52,7 +68,7 @@ WscCompilerData::WscCompilerData(std::ostream* theDebugStream, std::ostream* the
       majorVersionM(theMajorVersion),
       minorVersionM(theMinorVersion),
       acceptCharsetsM(std::move(theAcceptCharsets)),
-      selectedCharsetM(theUtf8Charset) {}
+      selectedCharsetM(theDefaultCharset) {}
 
 WscCompilerData::~WscCompilerData() = default;
 
@@ -60,17 +76,12 @@ void WscCompilerData::addError(int theCode, const CpsString& theMessage) {
     errorsM.emplace_back(theCode, theMessage);
 }
 
-bool WscCompilerData::addPragmaURL(const CpsString& theName, const CpsString& theUrl) {
-    if (urlNamesM.count(theName) != 0) {
-        return false;
-    }
-    urlNamesM.emplace(theName, addStringConst(theUrl));
-    return true;
+bool WscCompilerData::addPragmaURL(const WscName& theName, const CpsString& theUrl) {
+    return urlNamesM.find(theName) < 0 && urlNamesM.add(theName, addStringConst(theUrl));
 }
 
-int WscCompilerData::searchUrlConst(const CpsString& theName) const {
-    const auto found = urlNamesM.find(theName);
-    return found == urlNamesM.end() ? -1 : found->second;
+int WscCompilerData::searchUrlConst(const WscName& theName) const {
+    return urlNamesM.find(theName);
 }
 
 void WscCompilerData::addPragmaAccessDomain(const CpsString& theDomain) {
@@ -117,35 +128,35 @@ void WscCompilerData::addPragmaMetaUserAgent(const CpsString& theProperty,
         std::make_unique<WscPragmaUserAgentPropertyScheme>(property, content, scheme));
 }
 
-int WscCompilerData::addFunction(const CpsString& theName, std::uint8_t theNoOfArgs,
+int WscCompilerData::addFunction(const WscName& theName, std::uint8_t theNoOfArgs,
                                  bool isExported) {
     const auto number = static_cast<std::uint8_t>(functionsM.size());
-    if (!functionNumbersM.emplace(theName.view(), number).second) {
+    if (!functionNumbersM.add(theName, number)) {
         return -1;
     }
-    functionsM.emplace_back(theName, number, theNoOfArgs);
+    functionsM.emplace_back(theName.text, number, theNoOfArgs);
     if (isExported) {
         exportedFunctionsM.push_back(number);
     }
     return number;
 }
 
-int WscCompilerData::searchFunctionNo(const CpsString& theName) const {
-    return find(functionNumbersM, theName);
+int WscCompilerData::searchFunctionNo(const WscName& theName) const {
+    return functionNumbersM.find(theName);
 }
 
-int WscCompilerData::searchFunctionArgs(const CpsString& theName) const {
-    const int number = find(functionNumbersM, theName);
+int WscCompilerData::searchFunctionArgs(const WscName& theName) const {
+    const int number = functionNumbersM.find(theName);
     return number < 0 ? -1 : functionsM[static_cast<std::size_t>(number)].getNoOfFunctionArgs();
 }
 
-int WscCompilerData::addVariable(const CpsString& theName) {
+int WscCompilerData::addVariable(const WscName& theName) {
     const int number = std::min(static_cast<int>(variablesM.size()), theMaxVariableNumber);
-    return variablesM.emplace(theName.view(), number).second ? number : -1;
+    return variablesM.add(theName, number) ? number : -1;
 }
 
-int WscCompilerData::searchVariable(const CpsString& theName) const {
-    return find(variablesM, theName);
+int WscCompilerData::searchVariable(const WscName& theName) const {
+    return variablesM.find(theName);
 }
 
 int WscCompilerData::nextConstIndex() const noexcept {
@@ -153,8 +164,7 @@ int WscCompilerData::nextConstIndex() const noexcept {
 }
 
 template <class Literal, class Key, class Value>
-int WscCompilerData::addConst(std::unordered_map<Key, int>& theKnown, Key theKey,
-                              const Value& theValue) {
+int WscCompilerData::addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue) {
     const auto [place, isNew] = theKnown.emplace(theKey, nextConstIndex());
     if (isNew) {
         constantsM.push_back(std::make_unique<Literal>(theValue));
@@ -163,7 +173,7 @@ int WscCompilerData::addConst(std::unordered_map<Key, int>& theKnown, Key theKey
 }
 
 template <class Literal>
-int WscCompilerData::addText(Numbers& theKnown, const CpsString& theText) {
+int WscCompilerData::addText(ConstMap<std::string_view>& theKnown, const CpsString& theText) {
     const auto found = theKnown.find(theText.view());
     if (found != theKnown.end()) {
         return found->second;
@@ -426,8 +436,7 @@ void WscCompilerData::generateLabel(int theLabel) {
     emit<WscFlowInstruction>(WscOpcode::PseudoLabel, static_cast<std::uint32_t>(theLabel));
 }
 
-std::int64_t WscCompilerData::stopFunctionCode(const CpsString& theName,
-                                               unsigned theNoOfVariables) {
+std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned theNoOfVariables) {
     const int number = searchFunctionNo(theName);
     if (number < 0) {
         throw std::runtime_error("Internal error: Function not found");
@@ -488,13 +497,43 @@ void WscCompilerData::writeListing(const WscFunctionInfo& theFunction) {
     listingStreamM->flush();
 }
 
-unsigned int WscCompilerData::selectOutEncoding() {
-    for (const unsigned int charset : acceptCharsetsM) {
-        if (charset == theUtf8Charset) {
-            break;
+std::vector<WscLiteralStringExtern*> WscCompilerData::externStrings() const {
+    std::vector<WscLiteralStringExtern*> result;
+    for (const auto& constant : constantsM) {
+        if (constant->getTypeNbr() == WscLiteralInfo::StringExtern) {
+            result.push_back(static_cast<WscLiteralStringExtern*>(constant.get()));
         }
     }
-    return selectedCharsetM;
+    return result;
+}
+
+unsigned int WscCompilerData::selectOutEncoding() {
+    FwTraceScope scope("WscCompilerData::selectOutEncoding");
+    if (acceptCharsetsM.empty()) {
+        return selectedCharsetM;
+    }
+    if (charsetConverterM == nullptr) {
+        charsetConverterM = std::make_unique<CcCharsetConverter>();
+    }
+    const std::vector<WscLiteralStringExtern*> strings = externStrings();
+    for (const unsigned int charset : acceptCharsetsM) {
+        const auto isCarried = [&](WscLiteralStringExtern* theString) {
+            const bool isDone =
+                charset == theDefaultCharset || theString->transcode(*charsetConverterM, charset);
+            theString->setCharset(charset);
+            return isDone;
+        };
+        if (std::all_of(strings.begin(), strings.end(), isCarried)) {
+            return selectedCharsetM = charset;
+        }
+    }
+    // No accepted charset carries all strings: the most wanted one, with escapes.
+    const unsigned int first = acceptCharsetsM.front();
+    for (WscLiteralStringExtern* string : strings) {
+        string->transcode(*charsetConverterM, first, true);
+        string->setCharset(first);
+    }
+    return selectedCharsetM = first;
 }
 
 void WscCompilerData::writeByteCode() {

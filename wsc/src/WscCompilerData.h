@@ -2,10 +2,11 @@
 // variables and constants here and emit instructions; at the end it writes the byte-code file.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
-#include <map>
 #include <memory>
+#include <memory_resource>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
@@ -14,12 +15,15 @@
 #include "WscFunctionCode.h"
 #include "WscFunctionInfo.h"
 #include "WscLiteralInfo.h"
+#include "WscName.h"
 #include "WscOpcode.h"
 #include "WscPragmaInfo.h"
 #include "WscPragmaMeta.h"
 #include "WscWmlScriptError.h"
 
 namespace lumnis {
+
+class CcCharsetConverter;
 
 class WscCompilerData {
   public:
@@ -49,9 +53,9 @@ class WscCompilerData {
     bool hasPragmaAccessDomain() const noexcept { return hasAccessDomainM; }
     bool hasPragmaAccessPath() const noexcept { return hasAccessPathM; }
     // False, and nothing added, when theName is taken.
-    bool addPragmaURL(const CpsString& theName, const CpsString& theUrl);
+    bool addPragmaURL(const WscName& theName, const CpsString& theUrl);
     // Constant index of the URL, or -1.
-    int searchUrlConst(const CpsString& theName) const;
+    int searchUrlConst(const WscName& theName) const;
     void addPragmaAccessDomain(const CpsString& theDomain);
     void addPragmaAccessPath(const CpsString& thePath);
     void addPragmaAccessDomainPath(const CpsString& theDomain, const CpsString& thePath);
@@ -63,22 +67,21 @@ class WscCompilerData {
     void addPragmaMetaUserAgent(const CpsString& theProperty, const CpsString& theContent,
                                 const CpsString& theScheme);
 
-    // Functions. Numbers count from 0 in order of addition. theName must live as long as this
-    // object, as the names of the syntax tree do; so for variables.
+    // Functions. Numbers count from 0 in order of addition.
 
     // The function's number, or -1 when theName is taken.
-    int addFunction(const CpsString& theName, std::uint8_t theNoOfArgs, bool isExported);
+    int addFunction(const WscName& theName, std::uint8_t theNoOfArgs, bool isExported);
     unsigned getNoOfFunctions() const noexcept { return static_cast<unsigned>(functionsM.size()); }
     // Number, or number of arguments, or -1.
-    int searchFunctionNo(const CpsString& theName) const;
-    int searchFunctionArgs(const CpsString& theName) const;
+    int searchFunctionNo(const WscName& theName) const;
+    int searchFunctionArgs(const WscName& theName) const;
 
     // Variables of the current function. The numbers that they answer stop at 255, the largest
     // that an instruction holds: a function with more variables is refused at its end.
 
     // The variable's number, or -1 when theName is taken.
-    int addVariable(const CpsString& theName);
-    int searchVariable(const CpsString& theName) const;
+    int addVariable(const WscName& theName);
+    int searchVariable(const WscName& theName) const;
     unsigned getNoOfVariables() const noexcept { return static_cast<unsigned>(variablesM.size()); }
 
     // Constants. Each answers the index of the constant, the old one when an equal constant is
@@ -107,7 +110,7 @@ class WscCompilerData {
     // Ends the function theName, which has theNoOfVariables parameters and variables together:
     // optimizes the code, fixes the jumps, writes the body. Returns the size of the code in
     // bytes, or -1 when a jump is too long.
-    std::int64_t stopFunctionCode(const CpsString& theName, unsigned theNoOfVariables);
+    std::int64_t stopFunctionCode(const WscName& theName, unsigned theNoOfVariables);
 
     // An instruction of the opcode alone.
     void generate(WscOpcode theOpcode);
@@ -140,7 +143,8 @@ class WscCompilerData {
 
     // The end of the unit, once each and in this order.
 
-    // Chooses the charset of the strings among the accepted ones and returns it.
+    // Chooses the charset of the strings: the first accepted one that carries all of them, else
+    // the first of all, with escapes. Returns it. Throws CCException when there is no converter.
     unsigned int selectOutEncoding();
     void writeByteCode();
 
@@ -152,16 +156,34 @@ class WscCompilerData {
         int continueLabel;
         int breakLabel;
     };
-    using Numbers = std::unordered_map<std::string_view, int>;
+    // What belongs to each name of the source, by the name's number; -1 for nothing.
+    class NameMap {
+      public:
+        int find(const WscName& theName) const noexcept {
+            return theName.number < valuesM.size() ? valuesM[theName.number] : -1;
+        }
+        // False when theName has a value already.
+        bool add(const WscName& theName, int theValue);
+        void clear() noexcept;
+        std::size_t size() const noexcept { return namesM.size(); }
+
+      private:
+        std::vector<int> valuesM;
+        std::vector<unsigned> namesM;  // those that have a value
+    };
+    template <class Key>
+    using ConstMap = std::pmr::unordered_map<Key, int>;
 
     template <class Literal, class Key, class Value>
-    int addConst(std::unordered_map<Key, int>& theKnown, Key theKey, const Value& theValue);
+    int addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue);
     template <class Literal>
-    int addText(Numbers& theKnown, const CpsString& theText);
+    int addText(ConstMap<std::string_view>& theKnown, const CpsString& theText);
     int nextConstIndex() const noexcept;
     template <class Instruction, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
     void emitWithVariable(WscOpcode theOpcode, int theVarNo);
+    // The constants that the charset concerns, by index.
+    std::vector<WscLiteralStringExtern*> externStrings() const;
     void dropClosingReturn();
     void writeFunction(const WscFunctionInfo& theFunction, unsigned theNoOfVariables,
                        std::uint32_t theCodeSize);
@@ -180,28 +202,30 @@ class WscCompilerData {
     std::vector<WscPragmaMeta> metaHttpsM;
     std::vector<LoopLabels> loopLabelsM;  // the innermost last
 
-    Numbers variablesM;                       // of the current function
+    NameMap variablesM;                       // of the current function
     std::vector<WscFunctionInfo> functionsM;  // by number
-    Numbers functionNumbersM;
+    NameMap functionNumbersM;
     std::vector<std::uint8_t> exportedFunctionsM;  // numbers, in order of registration
     std::vector<std::unique_ptr<WscPragmaInfo>> pragmasM;
-    std::map<CpsString, int> urlNamesM;
+    NameMap urlNamesM;
     bool hasAccessDomainM = false;
     bool hasAccessPathM = false;
 
     std::vector<std::unique_ptr<WscLiteralInfo>> constantsM;  // by index
     // The index of each constant by its value; a text looks at its constant's own.
-    std::unordered_map<std::int32_t, int> intConstantsM;
-    std::unordered_map<float, int> floatConstantsM;
-    Numbers stringConstantsM;
-    Numbers utf8ConstantsM;
+    std::pmr::monotonic_buffer_resource mapMemoryM;
+    ConstMap<std::int32_t> intConstantsM{&mapMemoryM};
+    ConstMap<float> floatConstantsM{&mapMemoryM};
+    ConstMap<std::string_view> stringConstantsM{&mapMemoryM};
+    ConstMap<std::string_view> utf8ConstantsM{&mapMemoryM};
 
     std::uint32_t nextLabelM = 0;
     std::uint32_t firstLabelM = 0;  // of the current function
     WscFunctionCode codeM;
 
-    CpsString functionBufferM;  // finished bodies
-    CpsString byteCodeM;        // the file
+    CpsString functionBufferM;                              // finished bodies
+    CpsString byteCodeM;                                    // the file
+    std::unique_ptr<CcCharsetConverter> charsetConverterM;  // made on first need
 };
 
 }  // namespace lumnis

@@ -101,7 +101,7 @@ Pragma: "use" PragmaBody ';'    { $$ = $2; };
 
 PragmaBody:
     "url" IDENTIFIER STRING_LITERAL
-        { $$.node = theParser.node<WscAstExternalCompilationUnitPragma>(theParser.identifier($2.text), theParser.literal($3.text)); }
+        { $$.node = theParser.node<WscAstExternalCompilationUnitPragma>(theParser.identifier($2.name), theParser.literal($3.text)); }
   | "access" "domain" STRING_LITERAL
         { $$.node = theParser.node<WscAstAccessControlDomain>(theParser.literal($3.text)); }
   | "access" "path" STRING_LITERAL
@@ -124,26 +124,26 @@ PragmaBody:
 
 FunctionDeclaration:
     "function" IDENTIFIER '(' ')' Block
-        { $$.node = theParser.function(theParser.empty(), $2.text, nullptr, $5.node); }
+        { $$.node = theParser.function(theParser.empty(), $2.name, nullptr, $5.node); }
   | "function" IDENTIFIER '(' ')' Block ';'
-        { $$.node = theParser.function(theParser.empty(), $2.text, nullptr, $5.node); }
+        { $$.node = theParser.function(theParser.empty(), $2.name, nullptr, $5.node); }
   | "function" IDENTIFIER '(' FormalParameterList ')' Block
-        { $$.node = theParser.function(theParser.empty(), $2.text, $4.node, $6.node); }
+        { $$.node = theParser.function(theParser.empty(), $2.name, $4.node, $6.node); }
   | "function" IDENTIFIER '(' FormalParameterList ')' Block ';'
-        { $$.node = theParser.function(theParser.empty(), $2.text, $4.node, $6.node); }
+        { $$.node = theParser.function(theParser.empty(), $2.name, $4.node, $6.node); }
   | "extern" "function" IDENTIFIER '(' ')' Block
-        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.text, nullptr, $6.node); }
+        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, nullptr, $6.node); }
   | "extern" "function" IDENTIFIER '(' ')' Block ';'
-        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.text, nullptr, $6.node); }
+        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, nullptr, $6.node); }
   | "extern" "function" IDENTIFIER '(' FormalParameterList ')' Block
-        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.text, $5.node, $7.node); }
+        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, $5.node, $7.node); }
   | "extern" "function" IDENTIFIER '(' FormalParameterList ')' Block ';'
-        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.text, $5.node, $7.node); }
+        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, $5.node, $7.node); }
   ;
 
 FormalParameterList:
-    IDENTIFIER                              { $$.node = theParser.node<WscAstFormalParameterList>(theParser.identifier($1.text)); }
-  | FormalParameterList ',' IDENTIFIER      { $1.node->addChild(theParser.identifier($3.text)); $$ = $1; }
+    IDENTIFIER                              { $$.node = theParser.node<WscAstFormalParameterList>(theParser.identifier($1.name)); }
+  | FormalParameterList ',' IDENTIFIER      { $1.node->addChild(theParser.identifier($3.name)); $$ = $1; }
   ;
 
 /* Statements */
@@ -182,8 +182,8 @@ VariableDeclarations:
   ;
 
 VariableDeclaration:
-    IDENTIFIER                              { $$.node = theParser.node<WscAstVariableDeclaration>(theParser.identifier($1.text), theParser.empty()); }
-  | IDENTIFIER '=' ConditionalExpression    { $$.node = theParser.node<WscAstVariableDeclaration>(theParser.identifier($1.text), $3.node); }
+    IDENTIFIER                              { $$.node = theParser.node<WscAstVariableDeclaration>(theParser.identifier($1.name), theParser.empty()); }
+  | IDENTIFIER '=' ConditionalExpression    { $$.node = theParser.node<WscAstVariableDeclaration>(theParser.identifier($1.name), $3.node); }
   ;
 
 IfStatement:
@@ -247,7 +247,7 @@ ExpressionList:
 AssignmentExpression:
     ConditionalExpression
   | IDENTIFIER AssignmentOperator AssignmentExpression
-        { $$.node = theParser.node<WscAstAssignmentExpression>(theParser.identifier($1.text), $2.node, $3.node); }
+        { $$.node = theParser.node<WscAstAssignmentExpression>(theParser.identifier($1.name), $2.node, $3.node); }
   ;
 
 AssignmentOperator:
@@ -394,8 +394,8 @@ UnaryExpression:
     PostfixExpression
   | "typeof" UnaryExpression        { $$.node = theParser.node<WscAstUnaryExpression>(theParser.anOperator($1.token), $2.node); }
   | "isvalid" UnaryExpression       { $$.node = theParser.node<WscAstUnaryExpression>(theParser.anOperator($1.token), $2.node); }
-  | "++" IDENTIFIER                 { $$.node = theParser.node<WscAstUnaryExpression>(theParser.anOperator($1.token), theParser.identifier($2.text)); }
-  | "--" IDENTIFIER                 { $$.node = theParser.node<WscAstUnaryExpression>(theParser.anOperator($1.token), theParser.identifier($2.text)); }
+  | "++" IDENTIFIER                 { $$.node = theParser.node<WscAstUnaryExpression>(theParser.anOperator($1.token), theParser.identifier($2.name)); }
+  | "--" IDENTIFIER                 { $$.node = theParser.node<WscAstUnaryExpression>(theParser.anOperator($1.token), theParser.identifier($2.name)); }
   | '-' FLOAT_LITERAL               { $$.node = theParser.floatLiteral(-$2.floatValue); }
   | '-' INTEGER_LITERAL             { $$.node = theParser.integerLiteral(theParser.negated($2.integerValue)); }
   | UnaryOperator UnaryExpression   { $$.node = theParser.node<WscAstUnaryExpression>($1.node, $2.node); }
@@ -410,14 +410,14 @@ UnaryOperator:
 
 PostfixExpression:
     CallExpression
-  | IDENTIFIER "++"     { $$.node = theParser.node<WscAstPostfixExpression>(theParser.identifier($1.text), theParser.anOperator($2.token)); }
-  | IDENTIFIER "--"     { $$.node = theParser.node<WscAstPostfixExpression>(theParser.identifier($1.text), theParser.anOperator($2.token)); }
+  | IDENTIFIER "++"     { $$.node = theParser.node<WscAstPostfixExpression>(theParser.identifier($1.name), theParser.anOperator($2.token)); }
+  | IDENTIFIER "--"     { $$.node = theParser.node<WscAstPostfixExpression>(theParser.identifier($1.name), theParser.anOperator($2.token)); }
   ;
 
 CallExpression:
-    IDENTIFIER Arguments                    { $$.node = theParser.node<WscAstLocalScriptFunctionCall>(theParser.identifier($1.text), $2.node); }
-  | IDENTIFIER '#' IDENTIFIER Arguments     { $$.node = theParser.node<WscAstExternalScriptFunctionCall>(theParser.identifier($1.text), theParser.identifier($3.text), $4.node); }
-  | IDENTIFIER '.' IDENTIFIER Arguments     { $$.node = theParser.node<WscAstLibraryFunctionCall>(theParser.identifier($1.text), theParser.identifier($3.text), $4.node); }
+    IDENTIFIER Arguments                    { $$.node = theParser.node<WscAstLocalScriptFunctionCall>(theParser.identifier($1.name), $2.node); }
+  | IDENTIFIER '#' IDENTIFIER Arguments     { $$.node = theParser.node<WscAstExternalScriptFunctionCall>(theParser.identifier($1.name), theParser.identifier($3.name), $4.node); }
+  | IDENTIFIER '.' IDENTIFIER Arguments     { $$.node = theParser.node<WscAstLibraryFunctionCall>(theParser.identifier($1.name), theParser.identifier($3.name), $4.node); }
   | PrimaryExpression
   ;
 
@@ -432,7 +432,7 @@ ArgumentList:
   ;
 
 PrimaryExpression:
-    IDENTIFIER              { $$.node = theParser.identifier($1.text); }
+    IDENTIFIER              { $$.node = theParser.identifier($1.name); }
   | Literal
   | '(' Expression ')'      { $$.node = theParser.node<WscAstExpression>($2.node); }
   ;

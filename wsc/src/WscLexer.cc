@@ -114,12 +114,7 @@ int WscLexer::token(int theToken) noexcept {
 }
 
 int WscLexer::identifier(std::string_view theText) {
-    auto known = identifiersM.find(theText);
-    if (known == identifiersM.end()) {
-        const CpsString& name = stringsM.emplace_back(theText);
-        known = identifiersM.emplace(name.view(), &name).first;
-    }
-    tokenValueM.text = known->second;
+    tokenValueM.name = &namesM.intern(theText);
     return WSC_IDENTIFIER;
 }
 

@@ -7,9 +7,9 @@
 #include <deque>
 #include <memory_resource>
 #include <string_view>
-#include <unordered_map>
 
 #include "CpsString.h"
+#include "WscNameTable.h"
 #include "WscTokenValue.h"
 
 namespace lumnis {
@@ -55,9 +55,9 @@ class WscLexer {
 
     std::pmr::monotonic_buffer_resource memoryM;
     void* scannerM = nullptr;  // lives in memoryM
-    // What token values point to; addresses stay. A name that occurs again is not kept twice.
+    // What token values point to; addresses stay.
     std::deque<CpsString> stringsM;
-    std::unordered_map<std::string_view, const CpsString*> identifiersM;
+    WscNameTable namesM;
     CpsString* currentStringM = nullptr;  // the literal under construction
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};

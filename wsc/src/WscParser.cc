@@ -37,7 +37,7 @@ void WscParser::yyerror(const CpsString& theText) const {
     throw WscCompilerException(lexerM.getCurrentLineNumber(), theText);
 }
 
-WscAstIdentifier* WscParser::identifier(const CpsString* theName) {
+WscAstIdentifier* WscParser::identifier(const WscName* theName) {
     auto* result = node<WscAstIdentifier>();
     result->setName(theName);
     return result;
@@ -95,7 +95,7 @@ WscSimpleNode* WscParser::extend(WscSimpleNode* theSequence, WscSimpleNode* theO
     return theSequence;
 }
 
-WscSimpleNode* WscParser::function(WscSimpleNode* theExtern, const CpsString* theName,
+WscSimpleNode* WscParser::function(WscSimpleNode* theExtern, const WscName* theName,
                                    WscSimpleNode* theParameters, WscSimpleNode* theBlock) {
     if (theParameters == nullptr) {
         theParameters = node<WscAstFormalParameterList>();

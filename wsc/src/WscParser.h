@@ -18,8 +18,6 @@
 
 namespace lumnis {
 
-class WscCompilerData;
-
 class WscParser {
   public:
     // theSource must outlive the parser.
@@ -28,8 +26,6 @@ class WscParser {
     WscParser& operator=(const WscParser&) = delete;
     virtual ~WscParser();
 
-    // Handed to each node; to be called ahead of yyparse. Not owned.
-    void setCompilerData(WscCompilerData* theCompilerData) { compilerDataM = theCompilerData; }
     // Null until the unit is complete. The tree lives as long as the parser.
     const WscAstCompilationUnit* getAstRootNode() const noexcept { return rootM; }
 
@@ -46,12 +42,11 @@ class WscParser {
     Node* node(Children*... theChildren) {
         static_assert(std::is_trivially_destructible_v<Node>);
         void* place = nodesM.allocate(sizeof(Node), alignof(Node));
-        auto* result =
-            new (place) Node(Node::theNodeType, lexerM.getCurrentLineNumber(), compilerDataM);
+        auto* result = new (place) Node(Node::theNodeType, lexerM.getCurrentLineNumber());
         (result->addChild(theChildren), ...);
         return result;
     }
-    WscAstIdentifier* identifier(const CpsString* theName);
+    WscAstIdentifier* identifier(const WscName* theName);
     WscAstOperator* anOperator(int theOperator);
     WscAstLiteral* literal(const CpsString* theString);
     WscAstLiteral* invalidLiteral();
@@ -69,7 +64,7 @@ class WscParser {
     WscSimpleNode* extend(WscSimpleNode* theSequence, WscSimpleNode* theOperator,
                           WscSimpleNode* theRight);
     // theParameters is null for none.
-    WscSimpleNode* function(WscSimpleNode* theExtern, const CpsString* theName,
+    WscSimpleNode* function(WscSimpleNode* theExtern, const WscName* theName,
                             WscSimpleNode* theParameters, WscSimpleNode* theBlock);
     // Null for each of the first three that is missing.
     WscSimpleNode* forLoop(WscSimpleNode* theInit, WscSimpleNode* theCondition,
@@ -81,7 +76,6 @@ class WscParser {
   private:
     const WscAstCompilationUnit* rootM = nullptr;
     WscLexer lexerM;
-    WscCompilerData* compilerDataM = nullptr;
     std::pmr::monotonic_buffer_resource nodesM{16384};
     std::vector<std::unique_ptr<std::byte[]>> stacksM;
 };

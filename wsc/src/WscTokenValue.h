@@ -7,11 +7,13 @@ namespace lumnis {
 
 class CpsString;
 class WscSimpleNode;
+struct WscName;
 
 union WscTokenValue {
     double floatValue;
     std::int32_t integerValue;
-    const CpsString* text;  // an identifier or string literal; owned by the lexer
+    const WscName* name;    // an identifier; owned by the lexer, as is
+    const CpsString* text;  // a string literal
     int token;              // every other token: its own number
     WscSimpleNode* node;    // owned by the parser's arena
 };

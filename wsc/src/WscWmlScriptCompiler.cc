@@ -75,10 +75,9 @@ int WscWmlScriptCompiler::compile(const CpsString* theSource) {
 
 void WscWmlScriptCompiler::run(const CpsString& theSource) {
     parserM = std::make_unique<WscParser>(theSource);
-    parserM->setCompilerData(compilerDataM.get());
     parserM->yyparse();
     rootM = parserM->getAstRootNode();
-    rootM->runSemanticAction();
+    rootM->runSemanticAction(*compilerDataM);
     if (parseTreeStreamM != nullptr) {
         *parseTreeStreamM << "Dump using dump() routine of nodes\n"
                           << "----------------------------------\n";

@@ -26,130 +26,134 @@ CpsString schemeOf(const WscSimpleNode& thePragma) {
 
 }  // namespace
 
-const WscSimpleNode* WscAstCompilationUnit::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstCompilationUnit::semanticAction(WscCompilerData& theData,
+                                                           WscActionFrame& theFrame) const {
     if (const WscSimpleNode* next = nextChild(theFrame)) {
         return next;
     }
-    if (data.getNoOfConstants() > theMaxConstants) {
+    if (theData.getNoOfConstants() > theMaxConstants) {
         fail("Semantic error: Number of constants too many (>65535)");
     }
-    data.selectOutEncoding();
-    data.writeByteCode();
+    theData.selectOutEncoding();
+    theData.writeByteCode();
     return nullptr;
 }
 
-const WscSimpleNode* WscAstFunctionDeclarations::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstFunctionDeclarations::semanticAction(WscCompilerData& theData,
+                                                                WscActionFrame& theFrame) const {
     if (theFrame.step == 0) {
         for (const WscSimpleNode* function = getFirstChild(); function != nullptr;
-             function = function->getNextSibling()) {
-            static_cast<const WscAstFunctionDeclaration*>(function)->addFunctionInfo();
+             function = getNextChild(function)) {
+            static_cast<const WscAstFunctionDeclaration*>(function)->addFunctionInfo(theData);
         }
     }
     return nextChild(theFrame);
 }
 
-void WscAstFunctionDeclaration::addFunctionInfo() const {
-    WscCompilerData& data = getCompilerData();
+void WscAstFunctionDeclaration::addFunctionInfo(WscCompilerData& theData) const {
     const bool isExported = getChild(0)->isA(WscNodeType::Extern);
-    const CpsString& name = nameOf(getChild(1));
+    const WscName& name = nameOf(getChild(1));
     const unsigned parameters = getChild(2)->getNumChildren();
-    if (isExported && name.length() > theMaxFunctionNameLength) {
-        fail("Semantic error: External function name \"" + name + "\" too long (>255)");
+    if (isExported && name.text.length() > theMaxFunctionNameLength) {
+        fail("Semantic error: External function name \"" + name.text + "\" too long (>255)");
     }
     if (parameters > theMaxParameters) {
-        fail("Semantic error: Number of formal parameters in function \"" + name +
+        fail("Semantic error: Number of formal parameters in function \"" + name.text +
              "\" too many (>255)");
     }
-    if (data.addFunction(name, static_cast<std::uint8_t>(parameters), isExported) < 0) {
-        fail("Semantic error: Function \"" + name + "\" multiply defined");
+    if (theData.addFunction(name, static_cast<std::uint8_t>(parameters), isExported) < 0) {
+        fail("Semantic error: Function \"" + name.text + "\" multiply defined");
     }
-    if (data.getNoOfFunctions() > theMaxFunctions) {
+    if (theData.getNoOfFunctions() > theMaxFunctions) {
         fail("Semantic Error: Number of functions too many (>255)");
     }
 }
 
-const WscSimpleNode* WscAstFunctionDeclaration::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
-    const CpsString& name = nameOf(getChild(1));
+const WscSimpleNode* WscAstFunctionDeclaration::semanticAction(WscCompilerData& theData,
+                                                               WscActionFrame& theFrame) const {
+    const WscName& name = nameOf(getChild(1));
     const WscSimpleNode* parameters = getChild(2);
     if (theFrame.step == 0) {
-        data.startFunctionCode();
+        theData.startFunctionCode();
         for (const WscSimpleNode* parameter = parameters->getFirstChild(); parameter != nullptr;
-             parameter = parameter->getNextSibling()) {
-            if (data.addVariable(nameOf(parameter)) < 0) {
-                fail("Semantic Error: Function parameter \"" + nameOf(parameter) +
+             parameter = parameters->getNextChild(parameter)) {
+            if (theData.addVariable(nameOf(parameter)) < 0) {
+                fail("Semantic Error: Function parameter \"" + nameOf(parameter).text +
                      "\" has already been defined");
             }
         }
         return getChild(3);
     }
-    data.generate(WscOpcode::ReturnEs);
-    if (data.getNoOfVariables() - parameters->getNumChildren() > theMaxLocalVariables) {
-        fail("Semantic Error: Number of variables in function \"" + name + "\" too many (>255)");
+    theData.generate(WscOpcode::ReturnEs);
+    if (theData.getNoOfVariables() - parameters->getNumChildren() > theMaxLocalVariables) {
+        fail("Semantic Error: Number of variables in function \"" + name.text +
+             "\" too many (>255)");
     }
-    if (data.getNoOfVariables() > theMaxVariables) {
-        fail("SemanticError: Number of variables & formal parameters in function \"" + name +
+    if (theData.getNoOfVariables() > theMaxVariables) {
+        fail("SemanticError: Number of variables & formal parameters in function \"" + name.text +
              "\" too many (>256)");
     }
-    if (data.stopFunctionCode(name, data.getNoOfVariables()) < 0) {
-        fail("Semantic Error: Unable to generate code for function \"" + name +
+    if (theData.stopFunctionCode(name, theData.getNoOfVariables()) < 0) {
+        fail("Semantic Error: Unable to generate code for function \"" + name.text +
              "\", too long jump range (>65535)");
     }
     return nullptr;
 }
 
-const WscSimpleNode* WscAstExternalCompilationUnitPragma::semanticAction(WscActionFrame&) const {
-    const CpsString& name = nameOf(getChild(0));
-    if (!getCompilerData().addPragmaURL(name, stringOf(getChild(1)))) {
-        fail("Semantic error: URL identifier \"" + name + "\" multiply defined");
+const WscSimpleNode* WscAstExternalCompilationUnitPragma::semanticAction(WscCompilerData& theData,
+                                                                         WscActionFrame&) const {
+    const WscName& name = nameOf(getChild(0));
+    if (!theData.addPragmaURL(name, stringOf(getChild(1)))) {
+        fail("Semantic error: URL identifier \"" + name.text + "\" multiply defined");
     }
     return nullptr;
 }
 
-const WscSimpleNode* WscAstAccessControlDomain::semanticAction(WscActionFrame&) const {
+const WscSimpleNode* WscAstAccessControlDomain::semanticAction(WscCompilerData& theData,
+                                                               WscActionFrame&) const {
     const CpsString& domain = stringOf(getChild(0));
-    if (getCompilerData().hasPragmaAccessDomain()) {
+    if (theData.hasPragmaAccessDomain()) {
         fail("Semantic Error: Domain \"" + domain + "\" access control already defined");
     }
-    getCompilerData().addPragmaAccessDomain(domain);
+    theData.addPragmaAccessDomain(domain);
     return nullptr;
 }
 
-const WscSimpleNode* WscAstAccessControlPath::semanticAction(WscActionFrame&) const {
+const WscSimpleNode* WscAstAccessControlPath::semanticAction(WscCompilerData& theData,
+                                                             WscActionFrame&) const {
     const CpsString& path = stringOf(getChild(0));
-    if (getCompilerData().hasPragmaAccessPath()) {
+    if (theData.hasPragmaAccessPath()) {
         fail("Semantic error: path \"" + path + "\" access control already defined");
     }
-    getCompilerData().addPragmaAccessPath(path);
+    theData.addPragmaAccessPath(path);
     return nullptr;
 }
 
-const WscSimpleNode* WscAstAccessControlDomainPath::semanticAction(WscActionFrame&) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstAccessControlDomainPath::semanticAction(WscCompilerData& theData,
+                                                                   WscActionFrame&) const {
     const CpsString& domain = stringOf(getChild(0));
-    if (data.hasPragmaAccessDomain() || data.hasPragmaAccessPath()) {
+    if (theData.hasPragmaAccessDomain() || theData.hasPragmaAccessPath()) {
         fail("Semantic Error: Domain or path\"" + domain + "\" access control already defined");
     }
-    data.addPragmaAccessDomainPath(domain, stringOf(getChild(1)));
+    theData.addPragmaAccessDomainPath(domain, stringOf(getChild(1)));
     return nullptr;
 }
 
-const WscSimpleNode* WscAstMetaName::semanticAction(WscActionFrame&) const {
-    getCompilerData().addPragmaMetaName(stringOf(getChild(0)), stringOf(getChild(1)),
-                                        schemeOf(*this));
+const WscSimpleNode* WscAstMetaName::semanticAction(WscCompilerData& theData,
+                                                    WscActionFrame&) const {
+    theData.addPragmaMetaName(stringOf(getChild(0)), stringOf(getChild(1)), schemeOf(*this));
     return nullptr;
 }
 
-const WscSimpleNode* WscAstMetaHttpEquiv::semanticAction(WscActionFrame&) const {
-    getCompilerData().addPragmaMetaHttp(stringOf(getChild(0)), stringOf(getChild(1)),
-                                        schemeOf(*this));
+const WscSimpleNode* WscAstMetaHttpEquiv::semanticAction(WscCompilerData& theData,
+                                                         WscActionFrame&) const {
+    theData.addPragmaMetaHttp(stringOf(getChild(0)), stringOf(getChild(1)), schemeOf(*this));
     return nullptr;
 }
 
-const WscSimpleNode* WscAstMetaUserAgent::semanticAction(WscActionFrame&) const {
-    getCompilerData().addPragmaMetaUserAgent(stringOf(getChild(0)), stringOf(getChild(1)),
-                                             schemeOf(*this));
+const WscSimpleNode* WscAstMetaUserAgent::semanticAction(WscCompilerData& theData,
+                                                         WscActionFrame&) const {
+    theData.addPragmaMetaUserAgent(stringOf(getChild(0)), stringOf(getChild(1)), schemeOf(*this));
     return nullptr;
 }
 

@@ -11,14 +11,15 @@ class WscAstCompilationUnit final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::CompilationUnit;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 class WscAstPragmas final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Pragmas;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override {
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const override {
         return nextChild(theFrame);
     }
 };
@@ -28,7 +29,8 @@ class WscAstFunctionDeclarations final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::FunctionDeclarations;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Extern or Empty, identifier, parameters, block.
@@ -37,15 +39,18 @@ class WscAstFunctionDeclaration final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::FunctionDeclaration;
     using WscSimpleNode::WscSimpleNode;
     // The first pass: gives the function its number.
-    void addFunctionInfo() const;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    void addFunctionInfo(WscCompilerData& theData) const;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 class WscAstFormalParameterList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::FormalParameterList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame&) const override { return nullptr; }
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const override {
+        return nullptr;
+    }
 };
 
 // use url: name, URL.
@@ -53,7 +58,8 @@ class WscAstExternalCompilationUnitPragma final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ExternalCompilationUnitPragma;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // use access domain.
@@ -61,7 +67,8 @@ class WscAstAccessControlDomain final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AccessControlDomain;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // use access path.
@@ -69,7 +76,8 @@ class WscAstAccessControlPath final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AccessControlPath;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // use access domain path: domain, path.
@@ -77,7 +85,8 @@ class WscAstAccessControlDomainPath final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AccessControlDomainPath;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // use meta name: property, content, scheme or Empty; so the next two.
@@ -85,7 +94,8 @@ class WscAstMetaName final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::MetaName;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // use meta http equiv.
@@ -93,7 +103,8 @@ class WscAstMetaHttpEquiv final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::MetaHttpEquiv;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // use meta user agent. The only meta pragma that reaches the file.
@@ -101,7 +112,8 @@ class WscAstMetaUserAgent final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::MetaUserAgent;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 }  // namespace lumnis

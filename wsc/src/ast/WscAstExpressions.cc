@@ -40,162 +40,165 @@ bool isPlainAssignment(int theOperator) noexcept {
 
 // Steps of && and ||: every operand but the first stands behind a short-circuit test that
 // leaves for theFrame.first. Null when all operands are done.
-const WscSimpleNode* nextOperand(const WscSimpleNode& theSequence, WscActionFrame& theFrame,
-                                 WscOpcode theTest) {
-    WscCompilerData& data = theSequence.getCompilerData();
+const WscSimpleNode* nextOperand(const WscSimpleNode& theSequence, WscCompilerData& theData,
+                                 WscActionFrame& theFrame, WscOpcode theTest) {
     if (theFrame.currentChild == nullptr) {
-        theFrame.first = data.newLabel();
+        theFrame.first = theData.newLabel();
         return theFrame.currentChild = theSequence.getFirstChild();
     }
-    theFrame.currentChild = theFrame.currentChild->getNextSibling();
+    theFrame.currentChild = theSequence.getNextChild(theFrame.currentChild);
     if (theFrame.currentChild != nullptr) {
-        data.generate(theTest);
-        data.generateTJump(theFrame.first);
+        theData.generate(theTest);
+        theData.generateTJump(theFrame.first);
     }
     return theFrame.currentChild;
 }
 
 }  // namespace
 
-const WscSimpleNode* WscAstExpression::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstExpression::semanticAction(WscCompilerData&,
+                                                      WscActionFrame& theFrame) const {
     return nextChild(theFrame);
 }
 
-const WscSimpleNode* WscAstExpressionList::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstExpressionList::semanticAction(WscCompilerData& theData,
+                                                          WscActionFrame& theFrame) const {
     const WscSimpleNode* next = nextChild(theFrame);
     if (next != nullptr && theFrame.step != 0) {
-        getCompilerData().generate(WscOpcode::Pop);
+        theData.generate(WscOpcode::Pop);
     }
     return next;
 }
 
 const WscSimpleNode* WscAstBinaryExpressionSequence::semanticAction(
-    WscActionFrame& theFrame) const {
+    WscCompilerData& theData, WscActionFrame& theFrame) const {
     const WscSimpleNode* operand = theFrame.currentChild;
     if (operand == nullptr) {
         return nextChild(theFrame);
     }
     // first is the operator in front of the operand that has just been done.
     if (theFrame.first != 0) {
-        getCompilerData().generateOperator(theFrame.first);
+        theData.generateOperator(theFrame.first);
     }
-    const WscSimpleNode* anOperator = operand->getNextSibling();
+    const WscSimpleNode* anOperator = getNextChild(operand);
     if (anOperator == nullptr) {
         return nullptr;
     }
     theFrame.first = operatorOf(anOperator);
-    return theFrame.currentChild = anOperator->getNextSibling();
+    return theFrame.currentChild = getNextChild(anOperator);
 }
 
-const WscSimpleNode* WscAstAndExpressionSequence::semanticAction(WscActionFrame& theFrame) const {
-    const WscSimpleNode* next = nextOperand(*this, theFrame, WscOpcode::Scand);
+const WscSimpleNode* WscAstAndExpressionSequence::semanticAction(WscCompilerData& theData,
+                                                                 WscActionFrame& theFrame) const {
+    const WscSimpleNode* next = nextOperand(*this, theData, theFrame, WscOpcode::Scand);
     if (next == nullptr) {
-        getCompilerData().generateToBool();
-        getCompilerData().generateLabel(theFrame.first);
+        theData.generateToBool();
+        theData.generateLabel(theFrame.first);
     }
     return next;
 }
 
-const WscSimpleNode* WscAstOrExpressionSequence::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstOrExpressionSequence::semanticAction(WscCompilerData& theData,
+                                                                WscActionFrame& theFrame) const {
     const WscSimpleNode* last = theFrame.currentChild;
-    const WscSimpleNode* next = nextOperand(*this, theFrame, WscOpcode::Scor);
+    const WscSimpleNode* next = nextOperand(*this, theData, theFrame, WscOpcode::Scor);
     if (next == nullptr) {
         // The code of an And sequence ends with the conversion already.
         if (!last->isA(WscNodeType::AndExpressionSequence)) {
-            getCompilerData().generateToBool();
+            theData.generateToBool();
         }
-        getCompilerData().generateLabel(theFrame.first);
+        theData.generateLabel(theFrame.first);
     }
     return next;
 }
 
-const WscSimpleNode* WscAstConditionalExpression::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstConditionalExpression::semanticAction(WscCompilerData& theData,
+                                                                 WscActionFrame& theFrame) const {
     std::int32_t& end = theFrame.first;
     std::int32_t& otherwise = theFrame.second;
     switch (theFrame.step) {
         case 0:
-            end = data.newLabel();
-            otherwise = data.newLabel();
+            end = theData.newLabel();
+            otherwise = theData.newLabel();
             return getChild(0);
         case 1:
-            data.generateTJump(otherwise);
+            theData.generateTJump(otherwise);
             return getChild(1);
         case 2:
-            data.generateJump(end);
-            data.generateLabel(otherwise);
+            theData.generateJump(end);
+            theData.generateLabel(otherwise);
             return getChild(2);
         default:
-            data.generateLabel(end);
+            theData.generateLabel(end);
             return nullptr;
     }
 }
 
-const WscSimpleNode* WscAstAssignmentExpression::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstAssignmentExpression::semanticAction(WscCompilerData& theData,
+                                                                WscActionFrame& theFrame) const {
     const int assignment = operatorOf(getChild(1));
     std::int32_t& variable = theFrame.first;
     if (theFrame.step == 0) {
-        const CpsString& name = nameOf(getChild(0));
-        variable = data.searchVariable(name);
+        const WscName& name = nameOf(getChild(0));
+        variable = theData.searchVariable(name);
         if (variable < 0) {
-            fail("Semantic Error: Variable \"" + name + "\" not found");
+            fail("Semantic Error: Variable \"" + name.text + "\" not found");
         }
         if (!isPlainAssignment(assignment)) {
-            data.generateLoadVar(variable);
+            theData.generateLoadVar(variable);
         }
         return getChild(2);
     }
     switch (assignment) {
         case '=':
-            data.generateStoreVar(variable);
+            theData.generateStoreVar(variable);
             break;
         case WSC_ADD_ASSIGN:
-            data.generateAddAssign(variable);
+            theData.generateAddAssign(variable);
             break;
         case WSC_SUB_ASSIGN:
-            data.generateSubAssign(variable);
+            theData.generateSubAssign(variable);
             break;
         default:
-            data.generateOperator(binaryOperatorOf(assignment));
-            data.generateStoreVar(variable);
+            theData.generateOperator(binaryOperatorOf(assignment));
+            theData.generateStoreVar(variable);
             break;
     }
-    data.generateLoadVar(variable);
+    theData.generateLoadVar(variable);
     return nullptr;
 }
 
-const WscSimpleNode* WscAstPostfixExpression::semanticAction(WscActionFrame&) const {
-    WscCompilerData& data = getCompilerData();
-    const CpsString& name = nameOf(getChild(0));
-    const int variable = data.searchVariable(name);
+const WscSimpleNode* WscAstPostfixExpression::semanticAction(WscCompilerData& theData,
+                                                             WscActionFrame&) const {
+    const WscName& name = nameOf(getChild(0));
+    const int variable = theData.searchVariable(name);
     if (variable < 0) {
-        fail("Semantic Error: Variable \"" + name + "\" not found");
+        fail("Semantic Error: Variable \"" + name.text + "\" not found");
     }
-    data.generateLoadVar(variable);
+    theData.generateLoadVar(variable);
     if (operatorOf(getChild(1)) == WSC_INCREMENT) {
-        data.generateIncrVar(variable);
+        theData.generateIncrVar(variable);
     } else {
-        data.generateDecrVar(variable);
+        theData.generateDecrVar(variable);
     }
     return nullptr;
 }
 
-const WscSimpleNode* WscAstUnaryExpression::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstUnaryExpression::semanticAction(WscCompilerData& theData,
+                                                           WscActionFrame& theFrame) const {
     const int anOperator = operatorOf(getChild(0));
     if (anOperator == WSC_INCREMENT || anOperator == WSC_DECREMENT) {
-        const CpsString& name = nameOf(getChild(1));
-        const int variable = data.searchVariable(name);
+        const WscName& name = nameOf(getChild(1));
+        const int variable = theData.searchVariable(name);
         if (variable < 0) {
-            fail("Semantic Error: Variable \"" + name + "\" not found");
+            fail("Semantic Error: Variable \"" + name.text + "\" not found");
         }
         if (anOperator == WSC_INCREMENT) {
-            data.generateIncrVar(variable);
+            theData.generateIncrVar(variable);
         } else {
-            data.generateDecrVar(variable);
+            theData.generateDecrVar(variable);
         }
-        data.generateLoadVar(variable);
+        theData.generateLoadVar(variable);
         return nullptr;
     }
     if (theFrame.step == 0) {
@@ -203,24 +206,24 @@ const WscSimpleNode* WscAstUnaryExpression::semanticAction(WscActionFrame& theFr
     }
     switch (anOperator) {
         case WSC_TYPEOF:
-            data.generate(WscOpcode::Typeof);
+            theData.generate(WscOpcode::Typeof);
             break;
         case WSC_ISVALID:
-            data.generate(WscOpcode::Isvalid);
+            theData.generate(WscOpcode::Isvalid);
             break;
         case '!':
-            data.generate(WscOpcode::Not);
+            theData.generate(WscOpcode::Not);
             break;
         case '~':
-            data.generate(WscOpcode::BNot);
+            theData.generate(WscOpcode::BNot);
             break;
         case WSC_UNARY_MINUS:
-            data.generate(WscOpcode::Uminus);
+            theData.generate(WscOpcode::Uminus);
             break;
         case WSC_UNARY_PLUS:
             // The machine has no such instruction: twice negated is converted to a number.
-            data.generate(WscOpcode::Uminus);
-            data.generate(WscOpcode::Uminus);
+            theData.generate(WscOpcode::Uminus);
+            theData.generate(WscOpcode::Uminus);
             break;
         default:
             fail("Internal error: compiler does not handle operator");
@@ -228,55 +231,55 @@ const WscSimpleNode* WscAstUnaryExpression::semanticAction(WscActionFrame& theFr
     return nullptr;
 }
 
-const WscSimpleNode* WscAstLocalScriptFunctionCall::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstLocalScriptFunctionCall::semanticAction(WscCompilerData& theData,
+                                                                   WscActionFrame& theFrame) const {
     std::int32_t& function = theFrame.first;
     if (theFrame.step != 0) {
-        data.generateLocalCall(function);
+        theData.generateLocalCall(function);
         return nullptr;
     }
-    const CpsString& name = nameOf(getChild(0));
-    function = data.searchFunctionNo(name);
+    const WscName& name = nameOf(getChild(0));
+    function = theData.searchFunctionNo(name);
     if (function < 0) {
-        fail("Semantic Error: Function \"" + name + "\" not found");
+        fail("Semantic Error: Function \"" + name.text + "\" not found");
     }
     const WscSimpleNode* arguments = getChild(1);
-    if (static_cast<unsigned>(data.searchFunctionArgs(name)) != arguments->getNumChildren()) {
-        fail("Semantic Error: Wrong number of arguments in call of function \"" + name + "\"");
+    if (static_cast<unsigned>(theData.searchFunctionArgs(name)) != arguments->getNumChildren()) {
+        fail("Semantic Error: Wrong number of arguments in call of function \"" + name.text + "\"");
     }
     return arguments;
 }
 
 const WscSimpleNode* WscAstExternalScriptFunctionCall::semanticAction(
-    WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+    WscCompilerData& theData, WscActionFrame& theFrame) const {
     std::int32_t& url = theFrame.first;
     std::int32_t& functionName = theFrame.second;
-    const CpsString& name = nameOf(getChild(1));
+    const WscName& name = nameOf(getChild(1));
     const WscSimpleNode* arguments = getChild(2);
     if (theFrame.step == 0) {
-        const CpsString& unit = nameOf(getChild(0));
-        url = data.searchUrlConst(unit);
+        const WscName& unit = nameOf(getChild(0));
+        url = theData.searchUrlConst(unit);
         if (url < 0) {
-            fail("URL reference \"" + unit + "\" not found");
+            fail("URL reference \"" + unit.text + "\" not found");
         }
-        functionName = data.addUtf8Const(name);
+        functionName = theData.addUtf8Const(name.text);
         return arguments;
     }
     if (arguments->getNumChildren() > 255) {
-        fail("Semantic Error: Too many arguments in call of function \"" + name + "\" (>255)");
+        fail("Semantic Error: Too many arguments in call of function \"" + name.text + "\" (>255)");
     }
-    data.generateExternalCall(url, functionName, arguments->getNumChildren());
+    theData.generateExternalCall(url, functionName, arguments->getNumChildren());
     return nullptr;
 }
 
-const WscSimpleNode* WscAstLibraryFunctionCall::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstLibraryFunctionCall::semanticAction(WscCompilerData& theData,
+                                                               WscActionFrame& theFrame) const {
     const WscSimpleNode* arguments = getChild(2);
     if (theFrame.step == 0) {
         return arguments;
     }
-    if (!getCompilerData().generateLibraryCall(nameOf(getChild(0)), nameOf(getChild(1)),
-                                               arguments->getNumChildren())) {
+    if (!theData.generateLibraryCall(nameOf(getChild(0)).text, nameOf(getChild(1)).text,
+                                     arguments->getNumChildren())) {
         fail("Semantic Error: Library or function not found");
     }
     return nullptr;

@@ -10,7 +10,8 @@ class WscAstExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Expression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // The comma: all children are worked out, the last one's value stays.
@@ -18,7 +19,8 @@ class WscAstExpressionList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ExpressionList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Operand, operator, operand and so on, all of one level of precedence.
@@ -26,7 +28,8 @@ class WscAstBinaryExpressionSequence final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::BinaryExpressionSequence;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Operands of &&, without operator nodes.
@@ -34,7 +37,8 @@ class WscAstAndExpressionSequence final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AndExpressionSequence;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Operands of ||, without operator nodes.
@@ -42,7 +46,8 @@ class WscAstOrExpressionSequence final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::OrExpressionSequence;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Condition, value if true, value if not.
@@ -50,7 +55,8 @@ class WscAstConditionalExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ConditionalExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Identifier, operator, value.
@@ -58,7 +64,8 @@ class WscAstAssignmentExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AssignmentExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Operator, operand.
@@ -66,7 +73,8 @@ class WscAstUnaryExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::UnaryExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Identifier, ++ or --.
@@ -74,7 +82,8 @@ class WscAstPostfixExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::PostfixExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Identifier, arguments: a function of this unit.
@@ -82,7 +91,8 @@ class WscAstLocalScriptFunctionCall final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::LocalScriptFunctionCall;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Name of a unit, identifier, arguments: a function of another unit.
@@ -90,7 +100,8 @@ class WscAstExternalScriptFunctionCall final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ExternalScriptFunctionCall;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Name of a library, identifier, arguments.
@@ -98,7 +109,8 @@ class WscAstLibraryFunctionCall final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::LibraryFunctionCall;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // The arguments of a call, pushed from the first to the last.
@@ -106,7 +118,7 @@ class WscAstArgumentList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ArgumentList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override {
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const override {
         return nextChild(theFrame);
     }
 };

@@ -27,23 +27,23 @@ void WscAstLiteral::setStringLiteralValue(const CpsString* theValue) noexcept {
     stringLiteralValueM = theValue;
 }
 
-const WscSimpleNode* WscAstLiteral::semanticAction(WscActionFrame&) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstLiteral::semanticAction(WscCompilerData& theData,
+                                                   WscActionFrame&) const {
     switch (literalKindM) {
         case Kind::Invalid:
-            data.generateInvalid();
+            theData.generateInvalid();
             break;
         case Kind::Boolean:
-            data.generateBoolean(booleanValueM);
+            theData.generateBoolean(booleanValueM);
             break;
         case Kind::Float:
-            data.generateFloat(floatingPointValueM);
+            theData.generateFloat(floatingPointValueM);
             break;
         case Kind::Integer:
-            data.generateInteger(decimalValueM);
+            theData.generateInteger(decimalValueM);
             break;
         case Kind::String:
-            data.generateString(*stringLiteralValueM);
+            theData.generateString(*stringLiteralValueM);
             break;
     }
     return nullptr;
@@ -70,17 +70,17 @@ CpsString WscAstLiteral::getDumpText() const {
     return " INVALID";
 }
 
-const WscSimpleNode* WscAstIdentifier::semanticAction(WscActionFrame&) const {
-    WscCompilerData& data = getCompilerData();
-    const int variable = data.searchVariable(*nameM);
+const WscSimpleNode* WscAstIdentifier::semanticAction(WscCompilerData& theData,
+                                                      WscActionFrame&) const {
+    const int variable = theData.searchVariable(*nameM);
     if (variable < 0) {
-        fail("Semantic Error: Variable \"" + *nameM + "\" not found");
+        fail("Semantic Error: Variable \"" + nameM->text + "\" not found");
     }
-    data.generateLoadVar(variable);
+    theData.generateLoadVar(variable);
     return nullptr;
 }
 
-const WscSimpleNode* WscAstOperator::semanticAction(WscActionFrame&) const {
+const WscSimpleNode* WscAstOperator::semanticAction(WscCompilerData&, WscActionFrame&) const {
     fail("Internal error: Operator semanticAction() should not be called!");
 }
 

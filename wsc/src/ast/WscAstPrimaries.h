@@ -2,6 +2,7 @@
 // is missing.
 #pragma once
 
+#include "WscName.h"
 #include "WscSimpleNode.h"
 
 namespace lumnis {
@@ -18,9 +19,12 @@ class WscAstLiteral final : public WscSimpleNode {
     // theValue belongs to the lexer and must outlive the node.
     void setStringLiteralValue(const CpsString* theValue) noexcept;
     // Null when the literal is no string.
-    const CpsString* getStringLiteralValue() const noexcept { return stringLiteralValueM; }
+    const CpsString* getStringLiteralValue() const noexcept {
+        return literalKindM == Kind::String ? stringLiteralValueM : nullptr;
+    }
 
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 
   private:
     enum class Kind : std::uint8_t { Invalid, Boolean, Float, Integer, String };
@@ -28,10 +32,13 @@ class WscAstLiteral final : public WscSimpleNode {
     CpsString getDumpText() const override;
 
     Kind literalKindM = Kind::Invalid;
-    bool booleanValueM = false;
-    std::int32_t decimalValueM = 0;
-    float floatingPointValueM = 0;
-    const CpsString* stringLiteralValueM = nullptr;
+    // By kind.
+    union {
+        bool booleanValueM;
+        std::int32_t decimalValueM;
+        float floatingPointValueM;
+        const CpsString* stringLiteralValueM = nullptr;
+    };
 };
 
 class WscAstIdentifier final : public WscSimpleNode {
@@ -40,15 +47,16 @@ class WscAstIdentifier final : public WscSimpleNode {
     using WscSimpleNode::WscSimpleNode;
 
     // theName belongs to the lexer and must outlive the node.
-    void setName(const CpsString* theName) noexcept { nameM = theName; }
-    const CpsString& getName() const noexcept { return *nameM; }
+    void setName(const WscName* theName) noexcept { nameM = theName; }
+    const WscName& getName() const noexcept { return *nameM; }
 
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 
   private:
-    CpsString getDumpText() const override { return " IDENTIFIER:" + *nameM; }
+    CpsString getDumpText() const override { return " IDENTIFIER:" + nameM->text; }
 
-    const CpsString* nameM = nullptr;
+    const WscName* nameM = nullptr;
 };
 
 // An operator between, in front of or behind operands, which read it: it has no action.
@@ -58,13 +66,16 @@ class WscAstOperator final : public WscSimpleNode {
     using WscSimpleNode::WscSimpleNode;
 
     // The token's number: a character code or one of wsctokentype.
-    void setOperator(int theOperator) noexcept { operatorM = theOperator; }
+    void setOperator(int theOperator) noexcept {
+        operatorM = static_cast<std::uint16_t>(theOperator);
+    }
     int getOperator() const noexcept { return operatorM; }
 
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 
   private:
-    int operatorM = 0;
+    std::uint16_t operatorM = 0;
 };
 
 // Stands for every optional part that is missing, and for the empty statement.
@@ -73,7 +84,9 @@ class WscAstEmpty final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::Empty;
     using WscSimpleNode::WscSimpleNode;
 
-    const WscSimpleNode* semanticAction(WscActionFrame&) const override { return nullptr; }
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const override {
+        return nullptr;
+    }
 };
 
 // The mark of a function that other units may call.
@@ -82,11 +95,13 @@ class WscAstExtern final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::Extern;
     using WscSimpleNode::WscSimpleNode;
 
-    const WscSimpleNode* semanticAction(WscActionFrame&) const override { return nullptr; }
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const override {
+        return nullptr;
+    }
 };
 
 // Parents know what the grammar put below them.
-inline const CpsString& nameOf(const WscSimpleNode* theIdentifier) noexcept {
+inline const WscName& nameOf(const WscSimpleNode* theIdentifier) noexcept {
     return static_cast<const WscAstIdentifier*>(theIdentifier)->getName();
 }
 inline int operatorOf(const WscSimpleNode* theOperator) noexcept {

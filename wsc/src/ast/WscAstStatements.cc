@@ -28,165 +28,170 @@ bool leavesNoValue(const WscSimpleNode& theNode) noexcept {
 
 }  // namespace
 
-const WscSimpleNode* WscAstStatement::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstStatement::semanticAction(WscCompilerData& theData,
+                                                     WscActionFrame& theFrame) const {
     if (theFrame.step == 0) {
         return getFirstChild();
     }
     if (!leavesNoValue(*getFirstChild())) {
-        getCompilerData().generate(WscOpcode::Pop);
+        theData.generate(WscOpcode::Pop);
     }
     return nullptr;
 }
 
-const WscSimpleNode* WscAstStatementList::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstStatementList::semanticAction(WscCompilerData& theData,
+                                                         WscActionFrame& theFrame) const {
     const WscSimpleNode* next = nextChild(theFrame);
-    if (next != nullptr && getCompilerData().getDebugMode()) {
-        getCompilerData().generateDebug(next->getLineNumber());
+    if (next != nullptr && theData.getDebugMode()) {
+        theData.generateDebug(next->getLineNumber());
     }
     return next;
 }
 
-const WscSimpleNode* WscAstVariableDeclaration::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
-    const CpsString& name = nameOf(getChild(0));
+const WscSimpleNode* WscAstVariableDeclaration::semanticAction(WscCompilerData& theData,
+                                                               WscActionFrame& theFrame) const {
+    const WscName& name = nameOf(getChild(0));
     const WscSimpleNode* initial = getChild(1);
     const bool hasInitial = !initial->isA(WscNodeType::Empty);
     if (theFrame.step == 0) {
-        if (data.searchVariable(name) >= 0) {
-            fail("Semantic Error: Variable \"" + name + "\" multiply defined");
+        if (theData.searchVariable(name) >= 0) {
+            fail("Semantic Error: Variable \"" + name.text + "\" multiply defined");
         }
         if (hasInitial) {
             return initial;
         }
     }
     // Only now, so that the initial value cannot use the variable.
-    const int variable = data.addVariable(name);
+    const int variable = theData.addVariable(name);
     if (hasInitial) {
-        data.generateStoreVar(variable);
+        theData.generateStoreVar(variable);
     }
     return nullptr;
 }
 
-const WscSimpleNode* WscAstIfStatement::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstIfStatement::semanticAction(WscCompilerData& theData,
+                                                       WscActionFrame& theFrame) const {
     const WscSimpleNode* elseStatement = getChild(2);
     const bool hasElse = !elseStatement->isA(WscNodeType::Empty);
     std::int32_t& otherwise = theFrame.first;
     std::int32_t& end = theFrame.second;
     switch (theFrame.step) {
         case 0:
-            otherwise = data.newLabel();
+            otherwise = theData.newLabel();
             if (hasElse) {
-                end = data.newLabel();
+                end = theData.newLabel();
             }
             return getChild(0);
         case 1:
-            data.generateTJump(otherwise);
+            theData.generateTJump(otherwise);
             return getChild(1);
         case 2:
             if (!hasElse) {
-                data.generateLabel(otherwise);
+                theData.generateLabel(otherwise);
                 return nullptr;
             }
-            data.generateJump(end);
-            data.generateLabel(otherwise);
+            theData.generateJump(end);
+            theData.generateLabel(otherwise);
             return elseStatement;
         default:
-            data.generateLabel(end);
+            theData.generateLabel(end);
             return nullptr;
     }
 }
 
-const WscSimpleNode* WscAstWhileStatement::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstWhileStatement::semanticAction(WscCompilerData& theData,
+                                                          WscActionFrame& theFrame) const {
     std::int32_t& start = theFrame.first;
     std::int32_t& end = theFrame.second;
     switch (theFrame.step) {
         case 0:
-            start = data.newLabel();
-            end = data.newLabel();
-            data.pushLoopLabels(start, end);
-            data.generateLabel(start);
+            start = theData.newLabel();
+            end = theData.newLabel();
+            theData.pushLoopLabels(start, end);
+            theData.generateLabel(start);
             return getChild(0);
         case 1:
-            data.generateTJump(end);
+            theData.generateTJump(end);
             return getChild(1);
         default:
-            data.generateJump(start);
-            data.generateLabel(end);
-            data.popLoopLabels();
+            theData.generateJump(start);
+            theData.generateLabel(end);
+            theData.popLoopLabels();
             return nullptr;
     }
 }
 
-const WscSimpleNode* WscAstForStatement::semanticAction(WscActionFrame& theFrame) const {
-    WscCompilerData& data = getCompilerData();
+const WscSimpleNode* WscAstForStatement::semanticAction(WscCompilerData& theData,
+                                                        WscActionFrame& theFrame) const {
     std::int32_t& start = theFrame.first;
     std::int32_t& end = theFrame.second;
     const WscSimpleNode* init = getChild(0);
-    const WscSimpleNode* condition = init->getNextSibling();
-    const WscSimpleNode* increment = condition->getNextSibling();
+    const WscSimpleNode* condition = getNextChild(init);
+    const WscSimpleNode* increment = getNextChild(condition);
     switch (theFrame.step) {
         case 0: {
-            start = data.newLabel();
-            const int continueLabel = data.newLabel();
-            end = data.newLabel();
-            data.pushLoopLabels(continueLabel, end);
+            start = theData.newLabel();
+            const int continueLabel = theData.newLabel();
+            end = theData.newLabel();
+            theData.pushLoopLabels(continueLabel, end);
             return init;
         }
         case 1:
             if (!leavesNoValue(*init)) {
-                data.generate(WscOpcode::Pop);
+                theData.generate(WscOpcode::Pop);
             }
-            data.generateLabel(start);
+            theData.generateLabel(start);
             return condition;
         case 2:
             if (!condition->isA(WscNodeType::Empty)) {
-                data.generateTJump(end);
+                theData.generateTJump(end);
             }
-            return increment->getNextSibling();
+            return getNextChild(increment);
         case 3:
-            data.generateLabel(data.getContinueLabel());
+            theData.generateLabel(theData.getContinueLabel());
             return increment;
         default:
             if (!increment->isA(WscNodeType::Empty)) {
-                data.generate(WscOpcode::Pop);
+                theData.generate(WscOpcode::Pop);
             }
-            data.generateJump(start);
-            data.generateLabel(end);
-            data.popLoopLabels();
+            theData.generateJump(start);
+            theData.generateLabel(end);
+            theData.popLoopLabels();
             return nullptr;
     }
 }
 
-const WscSimpleNode* WscAstContinueStatement::semanticAction(WscActionFrame&) const {
-    const int label = getCompilerData().getContinueLabel();
+const WscSimpleNode* WscAstContinueStatement::semanticAction(WscCompilerData& theData,
+                                                             WscActionFrame&) const {
+    const int label = theData.getContinueLabel();
     if (label < 0) {
         fail("Semantic Error: Continue without for or while");
     }
-    getCompilerData().generateJump(label);
+    theData.generateJump(label);
     return nullptr;
 }
 
-const WscSimpleNode* WscAstBreakStatement::semanticAction(WscActionFrame&) const {
-    const int label = getCompilerData().getBreakLabel();
+const WscSimpleNode* WscAstBreakStatement::semanticAction(WscCompilerData& theData,
+                                                          WscActionFrame&) const {
+    const int label = theData.getBreakLabel();
     if (label < 0) {
         fail("Semantic Error: Break without for or while");
     }
-    getCompilerData().generateJump(label);
+    theData.generateJump(label);
     return nullptr;
 }
 
-const WscSimpleNode* WscAstReturnStatement::semanticAction(WscActionFrame& theFrame) const {
+const WscSimpleNode* WscAstReturnStatement::semanticAction(WscCompilerData& theData,
+                                                           WscActionFrame& theFrame) const {
     const WscSimpleNode* value = getFirstChild();
     if (value->isA(WscNodeType::Empty)) {
-        getCompilerData().generate(WscOpcode::ReturnEs);
+        theData.generate(WscOpcode::ReturnEs);
         return nullptr;
     }
     if (theFrame.step == 0) {
         return value;
     }
-    getCompilerData().generate(WscOpcode::Return);
+    theData.generate(WscOpcode::Return);
     return nullptr;
 }
 

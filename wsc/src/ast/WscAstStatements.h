@@ -10,7 +10,8 @@ class WscAstStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Statement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // One statement list. Opens no scope.
@@ -18,7 +19,7 @@ class WscAstBlock final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Block;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override {
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const override {
         return nextChild(theFrame);
     }
 };
@@ -28,7 +29,8 @@ class WscAstStatementList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::StatementList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Identifier, initial value or Empty.
@@ -36,7 +38,8 @@ class WscAstVariableDeclaration final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::VariableDeclaration;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Condition, statement, else-statement or Empty.
@@ -44,7 +47,8 @@ class WscAstIfStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::IfStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Condition, body.
@@ -52,7 +56,8 @@ class WscAstWhileStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::WhileStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Init, condition, increment, body; Empty where one of the first three is missing.
@@ -60,21 +65,24 @@ class WscAstForStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ForStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 class WscAstContinueStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ContinueStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 class WscAstBreakStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::BreakStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 // Value or Empty.
@@ -82,7 +90,8 @@ class WscAstReturnStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ReturnStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                        WscActionFrame& theFrame) const override;
 };
 
 }  // namespace lumnis

@@ -34,12 +34,12 @@ static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::MetaUserAgent)]
 
 }  // namespace
 
-void WscSimpleNode::runSemanticAction() const {
+void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
     std::vector<WscActionFrame> begun;
     begun.push_back({this});
     while (!begun.empty()) {
         WscActionFrame& frame = begun.back();
-        const WscSimpleNode* next = frame.node->semanticAction(frame);
+        const WscSimpleNode* next = frame.node->semanticAction(theData, frame);
         ++frame.step;
         if (next != nullptr) {
             begun.push_back({next});
@@ -59,18 +59,22 @@ void WscSimpleNode::dump(const CpsString& thePrefix, std::ostream& theStream,
         line += '\n';
         theStream.write(line.data(), line.length());
         theConsole.write(line.data(), line.length());
-        if (node->firstChildM != nullptr) {
+        if (node->lastChildM != nullptr) {
             path.push_back(node);
             prefix += ' ';
-            node = node->firstChildM;
+            node = node->getFirstChild();
             continue;
         }
-        while (!path.empty() && node->nextSiblingM == nullptr) {
-            node = path.back();
-            path.pop_back();
-            prefix.erase(prefix.length() - 1, 1);
+        const WscSimpleNode* next = nullptr;
+        while (!path.empty() && next == nullptr) {
+            next = path.back()->getNextChild(node);
+            if (next == nullptr) {
+                node = path.back();
+                path.pop_back();
+                prefix.erase(prefix.length() - 1, 1);
+            }
         }
-        node = path.empty() ? nullptr : node->nextSiblingM;
+        node = next;
     }
     theStream.flush();
     theConsole.flush();
@@ -82,25 +86,34 @@ CpsString WscSimpleNode::getNodeName() const {
 
 void WscSimpleNode::addChild(WscSimpleNode* theChild) noexcept {
     if (lastChildM == nullptr) {
-        firstChildM = theChild;
+        theChild->nextSiblingM = theChild;
     } else {
+        theChild->nextSiblingM = lastChildM->nextSiblingM;
         lastChildM->nextSiblingM = theChild;
     }
     lastChildM = theChild;
-    ++numChildrenM;
 }
 
 const WscSimpleNode* WscSimpleNode::getChild(unsigned theIndex) const noexcept {
-    const WscSimpleNode* child = firstChildM;
+    const WscSimpleNode* child = getFirstChild();
     while (theIndex-- != 0) {
         child = child->nextSiblingM;
     }
     return child;
 }
 
+unsigned WscSimpleNode::getNumChildren() const noexcept {
+    unsigned count = 0;
+    for (const WscSimpleNode* child = getFirstChild(); child != nullptr;
+         child = getNextChild(child)) {
+        ++count;
+    }
+    return count;
+}
+
 const WscSimpleNode* WscSimpleNode::nextChild(WscActionFrame& theFrame) const noexcept {
     theFrame.currentChild =
-        theFrame.currentChild == nullptr ? firstChildM : theFrame.currentChild->nextSiblingM;
+        theFrame.currentChild == nullptr ? getFirstChild() : getNextChild(theFrame.currentChild);
     return theFrame.currentChild;
 }
 

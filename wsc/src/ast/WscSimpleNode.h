@@ -74,17 +74,17 @@ struct WscActionFrame {
 
 class WscSimpleNode {
   public:
-    WscSimpleNode(WscNodeType theNodeType, int theLineNumber,
-                  WscCompilerData* theCompilerData) noexcept
-        : compilerDataM(theCompilerData), lineNumberM(theLineNumber), nodeTypeM(theNodeType) {}
+    WscSimpleNode(WscNodeType theNodeType, int theLineNumber) noexcept
+        : lineNumberM(theLineNumber), nodeTypeM(theNodeType) {}
     WscSimpleNode(const WscSimpleNode&) = delete;
     WscSimpleNode& operator=(const WscSimpleNode&) = delete;
 
     // The next step of the action: names the child that comes next, or null when the node is
     // done. Throws WscCompilerException with the node's line when the source breaks a rule.
-    virtual const WscSimpleNode* semanticAction(WscActionFrame& theFrame) const = 0;
+    virtual const WscSimpleNode* semanticAction(WscCompilerData& theData,
+                                                WscActionFrame& theFrame) const = 0;
     // Runs all steps of this node and of everything below.
-    void runSemanticAction() const;
+    void runSemanticAction(WscCompilerData& theData) const;
 
     // Writes the tree from here, a line a node and thePrefix longer by a blank for each level,
     // once to theStream and once to theConsole.
@@ -94,18 +94,24 @@ class WscSimpleNode {
 
     // Appends. A node has one parent.
     void addChild(WscSimpleNode* theChild) noexcept;
-    // theIndex below getNumChildren. Costs theIndex steps; lists are walked by getNextSibling.
+    // theIndex below getNumChildren. Costs theIndex steps; lists are walked by getNextChild.
     const WscSimpleNode* getChild(unsigned theIndex) const noexcept;
-    unsigned getNumChildren() const noexcept { return numChildrenM; }
-    const WscSimpleNode* getFirstChild() const noexcept { return firstChildM; }
-    const WscSimpleNode* getNextSibling() const noexcept { return nextSiblingM; }
+    // Costs a step a child.
+    unsigned getNumChildren() const noexcept;
+    // Null when there is none.
+    const WscSimpleNode* getFirstChild() const noexcept {
+        return lastChildM == nullptr ? nullptr : lastChildM->nextSiblingM;
+    }
+    // The child behind theChild, null behind the last.
+    const WscSimpleNode* getNextChild(const WscSimpleNode* theChild) const noexcept {
+        return theChild == lastChildM ? nullptr : theChild->nextSiblingM;
+    }
 
     WscNodeType getNodeType() const noexcept { return nodeTypeM; }
     bool isA(WscNodeType theType) const noexcept { return nodeTypeM == theType; }
     // The source line, from 1, at which the parser made the node: that of the last token it had
     // read, which may be the one behind the node.
     int getLineNumber() const noexcept { return lineNumberM; }
-    WscCompilerData& getCompilerData() const noexcept { return *compilerDataM; }
 
   protected:
     // Nodes die with the parser's arena, without a call.
@@ -119,11 +125,9 @@ class WscSimpleNode {
     [[noreturn]] void fail(const CpsString& theMessage) const;
 
   private:
-    WscSimpleNode* firstChildM = nullptr;
+    // The children form a ring: the last one's next is the first.
     WscSimpleNode* lastChildM = nullptr;
     WscSimpleNode* nextSiblingM = nullptr;
-    WscCompilerData* compilerDataM;
-    unsigned numChildrenM = 0;
     int lineNumberM;
     WscNodeType nodeTypeM;
 };

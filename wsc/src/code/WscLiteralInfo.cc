@@ -2,6 +2,7 @@
 
 #include <bit>
 
+#include "CcCharsetConverter.h"
 #include "WscStringAndIntHandler.h"
 
 namespace lumnis {
@@ -47,8 +48,31 @@ void WscLiteralStringUtf8::writeByteCodeInformation(CpsString& theOutput) const 
     writeString(theOutput, StringUtf8, textM);
 }
 
+bool WscLiteralStringExtern::transcode(CcCharsetConverter& theConverter, std::uint32_t theCharset) {
+    if (transcodedTextM == nullptr) {
+        transcodedTextM = std::make_unique<CpsString>(textM);
+    }
+    return theConverter.convertFromUtf8(textM, *transcodedTextM,
+                                        static_cast<HedCharsetId>(theCharset), false);
+}
+
+void WscLiteralStringExtern::transcode(CcCharsetConverter& theConverter,
+                                       std::uint32_t theHighPrioCharset, bool useEscape) {
+    highPriorityCharsetM = theHighPrioCharset;
+    highPriorityTextM = std::make_unique<CpsString>();
+    // A failure leaves the text as the conversion left it.
+    theConverter.convertFromUtf8(textM, *highPriorityTextM,
+                                 static_cast<HedCharsetId>(theHighPrioCharset), useEscape);
+}
+
 void WscLiteralStringExtern::writeByteCodeInformation(CpsString& theOutput) const {
-    writeString(theOutput, StringExtern, textM);
+    if (highPriorityTextM != nullptr && highPriorityCharsetM == charsetM) {
+        writeString(theOutput, StringExtern, *highPriorityTextM);
+    } else if (transcodedTextM != nullptr && charsetM != theUtf8Charset) {
+        writeString(theOutput, StringExtern, *transcodedTextM);
+    } else {
+        writeString(theOutput, StringExtern, textM);
+    }
 }
 
 }  // namespace lumnis

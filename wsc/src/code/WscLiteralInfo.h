@@ -8,6 +8,8 @@
 
 namespace lumnis {
 
+class CcCharsetConverter;
+
 class WscLiteralInfo {
   public:
     // As they stand in the file. 5, the empty string, is an instruction of its own instead.
@@ -86,13 +88,33 @@ class WscLiteralStringExtern final : public WscLiteralInfo {
   public:
     explicit WscLiteralStringExtern(const CpsString& theText) : textM(theText) {}
     Type getTypeNbr() const noexcept override { return StringExtern; }
+    // Writes the text of the charset that was set: the one with escapes where that is the
+    // charset in which it was made, else the transcoded one.
     void writeByteCodeInformation(CpsString& theOutput) const override;
+
+    // Charsets are MIBenum numbers, unsigned here as in the file.
+
+    // Converts the text; false when the charset lacks one of its characters or cannot be written.
+    // What was transcoded before then stays.
+    bool transcode(CcCharsetConverter& theConverter, std::uint32_t theCharset);
+    // Converts the text with escapes for what the charset lacks: the last resort.
+    void transcode(CcCharsetConverter& theConverter, std::uint32_t theHighPrioCharset,
+                   bool useEscape);
+    // The charset that is written; UTF-8 at first, in which the text goes out as it came.
+    void setCharset(std::uint32_t theCharset) noexcept { charsetM = theCharset; }
 
     // As it came, in UTF-8.
     const CpsString& getText() const noexcept { return textM; }
 
   private:
+    static constexpr std::uint32_t theUtf8Charset = 106;
+
     CpsString textM;
+    // Null until the first conversion: most units go out in UTF-8 and have none.
+    std::unique_ptr<CpsString> highPriorityTextM;
+    std::unique_ptr<CpsString> transcodedTextM;
+    std::uint32_t charsetM = theUtf8Charset;
+    std::uint32_t highPriorityCharsetM = 0;
 };
 
 }  // namespace lumnis

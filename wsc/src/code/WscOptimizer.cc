@@ -183,6 +183,21 @@ int findRule(WscOpcode theFirst, WscOpcode theSecond, WscOpcode theThird, WscOpc
     }
 }
 
+// Which instructions begin a pattern at all: most do not, and the sweep steps over them.
+constexpr std::array<bool, 256> makeBeginners() {
+    std::array<bool, 256> result{};
+    for (const WscOpcode opcode :
+         {WscOpcode::LoadVar, WscOpcode::LoadVarS, WscOpcode::StoreVar, WscOpcode::StoreVarS,
+          WscOpcode::LoadConst, WscOpcode::LoadConstW, WscOpcode::LoadConstS, WscOpcode::ConstEs,
+          WscOpcode::ConstInvalid, WscOpcode::ConstTrue, WscOpcode::ConstFalse, WscOpcode::Const0,
+          WscOpcode::Const1, WscOpcode::ConstM1, WscOpcode::Incr, WscOpcode::Decr,
+          WscOpcode::Uminus, WscOpcode::Tobool, WscOpcode::Isvalid}) {
+        result[valueOf(opcode)] = true;
+    }
+    return result;
+}
+constexpr std::array<bool, 256> theBeginners = makeBeginners();
+
 // The sweep's view of the code: what lies behind the sweep, a gap where instructions have gone,
 // and what lies ahead. A rewrite touches the edges of the gap alone, so the sweep costs the
 // same per instruction in every function.
@@ -194,6 +209,7 @@ class Sweep {
     bool isAtEnd() const noexcept { return aheadM == instructionsM.size(); }
     std::size_t length() const noexcept { return behindM; }
 
+    std::uint8_t first() const noexcept { return valueOf(ahead(0)->getInstructionNbr()); }
     std::uint32_t frame() const noexcept {
         std::uint32_t result = 0;
         const std::size_t count = std::min<std::size_t>(4, instructionsM.size() - aheadM);
@@ -336,13 +352,15 @@ void WscOptimizer::optimizeFunctionCode(WscFunctionCode& theCode, bool isOptimiz
     }
     Sweep sweep(theCode);
     while (!sweep.isAtEnd()) {
-        const std::span<const Action> actions = getFrameAction(sweep.frame());
-        if (!actions.empty() && sweep.run(actions)) {
-            // A rewrite may complete a pattern that begins up to three places earlier.
-            sweep.stepBack(3);
-        } else {
-            sweep.stepForward();
+        if (theBeginners[sweep.first()]) {
+            const std::span<const Action> actions = getFrameAction(sweep.frame());
+            if (!actions.empty() && sweep.run(actions)) {
+                // A rewrite may complete a pattern that begins up to three places earlier.
+                sweep.stepBack(3);
+                continue;
+            }
         }
+        sweep.stepForward();
     }
     theCode.truncate(sweep.length());
 }
