@@ -199,7 +199,7 @@ int WscCompilerData::addIntConst(std::int32_t theValue) {
 }
 
 int WscCompilerData::addFloatConst(float theValue) {
-    // 0.0 and -0.0 are equal and hash alike: one constant, in the form that came first.
+    // 0.0 and -0.0 are equal: one constant, in the form that came first.
     return addConst<WscLiteralFloat>(floatConstantsM, theValue, theValue);
 }
 

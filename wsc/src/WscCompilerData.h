@@ -5,10 +5,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
+#include <map>
 #include <memory>
 #include <memory_resource>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "CpsString.h"
@@ -171,8 +171,9 @@ class WscCompilerData {
         std::vector<int> valuesM;
         std::vector<unsigned> namesM;  // those that have a value
     };
+    // Ordered: a source can be made whose constants all collide in a table of hashes.
     template <class Key>
-    using ConstMap = std::pmr::unordered_map<Key, int>;
+    using ConstMap = std::pmr::map<Key, int>;
 
     template <class Literal, class Key, class Value>
     int addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue);

@@ -4,6 +4,10 @@ namespace lumnis {
 
 namespace {
 
+// How many slots a name may be away from its own. In a table at most half full ordinary names
+// stay far below it; a source whose names are made to collide goes on in the ordered map.
+constexpr std::size_t theMaxProbes = 32;
+
 // FNV-1a: names are short, and a call of the library's hash costs more than it.
 std::size_t hashOf(std::string_view theText) noexcept {
     std::uint64_t hash = 0xCBF29CE484222325;
@@ -21,29 +25,44 @@ const WscName& WscNameTable::intern(std::string_view theText) {
     }
     const std::size_t mask = slotsM.size() - 1;
     std::size_t slot = hashOf(theText) & mask;
-    for (; slotsM[slot] != 0; slot = (slot + 1) & mask) {
+    std::size_t probes = 0;
+    for (; probes < theMaxProbes && slotsM[slot] != 0; ++probes, slot = (slot + 1) & mask) {
         const WscName& name = namesM[slotsM[slot] - 1];
         if (name.text == theText) {
             return name;
         }
     }
+    // A full slot stays full until the table grows, so behind a free one there is nothing.
+    if (probes == theMaxProbes) {
+        const auto crowded = crowdedM.find(theText);
+        if (crowded != crowdedM.end()) {
+            return namesM[crowded->second];
+        }
+    }
     const auto number = static_cast<unsigned>(namesM.size());
     namesM.push_back({theText, number});
-    slotsM[slot] = number + 1;
+    place(namesM.back());
     return namesM.back();
 }
 
-void WscNameTable::grow() {
-    std::vector<std::uint32_t> slots(slotsM.empty() ? 64 : 2 * slotsM.size());
-    const std::size_t mask = slots.size() - 1;
-    for (const WscName& name : namesM) {
-        std::size_t slot = hashOf(name.text) & mask;
-        while (slots[slot] != 0) {
-            slot = (slot + 1) & mask;
+void WscNameTable::place(const WscName& theName) {
+    const std::size_t mask = slotsM.size() - 1;
+    std::size_t slot = hashOf(theName.text) & mask;
+    for (std::size_t i = 0; i < theMaxProbes; ++i, slot = (slot + 1) & mask) {
+        if (slotsM[slot] == 0) {
+            slotsM[slot] = theName.number + 1;
+            return;
         }
-        slots[slot] = name.number + 1;
     }
-    slotsM = std::move(slots);
+    crowdedM.emplace(theName.text.view(), theName.number);
+}
+
+void WscNameTable::grow() {
+    slotsM.assign(slotsM.empty() ? 64 : 2 * slotsM.size(), 0);
+    crowdedM.clear();
+    for (const WscName& name : namesM) {
+        place(name);
+    }
 }
 
 }  // namespace lumnis

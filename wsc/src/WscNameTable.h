@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -17,11 +18,13 @@ class WscNameTable {
     const WscName& intern(std::string_view theText);
 
   private:
+    void place(const WscName& theName);
     void grow();
 
     std::deque<WscName> namesM;  // by number
     // Open addressing, at most half full, its size a power of two; 0 or a name's number plus 1.
     std::vector<std::uint32_t> slotsM;
+    std::map<std::string_view, unsigned> crowdedM;  // numbers of names that found no slot near
 };
 
 }  // namespace lumnis
