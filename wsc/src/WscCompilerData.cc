@@ -73,6 +73,7 @@ WscCompilerData::WscCompilerData(std::ostream* theDebugStream, std::ostream* the
 WscCompilerData::~WscCompilerData() = default;
 
 void WscCompilerData::addError(int theCode, const CpsString& theMessage) {
+    FwTraceScope scope("WscCompilerData::addError");
     errorsM.emplace_back(theCode, theMessage);
 }
 
@@ -223,6 +224,7 @@ int WscCompilerData::getBreakLabel() const noexcept {
 }
 
 void WscCompilerData::startFunctionCode() {
+    FwTraceScope scope("WscCompilerData::startFunctionCode");
     codeM.clear();
     variablesM.clear();
     firstLabelM = nextLabelM;
@@ -437,6 +439,7 @@ void WscCompilerData::generateLabel(int theLabel) {
 }
 
 std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned theNoOfVariables) {
+    FwTraceScope scope("WscCompilerData::stopFunctionCode");
     const int number = searchFunctionNo(theName);
     if (number < 0) {
         throw std::runtime_error("Internal error: Function not found");
@@ -480,6 +483,7 @@ void WscCompilerData::writeFunction(const WscFunctionInfo& theFunction, unsigned
 }
 
 void WscCompilerData::writeListing(const WscFunctionInfo& theFunction) {
+    FwTraceScope scope("WscCompilerData::writeListing");
     CpsString text("FUNCTION \"");
     text += theFunction.getName();
     text += "\" Args=";
@@ -537,6 +541,7 @@ unsigned int WscCompilerData::selectOutEncoding() {
 }
 
 void WscCompilerData::writeByteCode() {
+    FwTraceScope scope("WscCompilerData::writeByteCode");
     const WscStringAndIntHandler integers;
     CpsString pools;
     integers.getAsMultiByteInteger(getNoOfConstants(), pools);

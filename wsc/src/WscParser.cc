@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "FwTraceScope.h"
 #include "WscCompilerException.h"
 #include "WscGrammar.h"
 

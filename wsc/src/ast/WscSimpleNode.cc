@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "FwTraceScope.h"
 #include "WscCompilerException.h"
 
 namespace lumnis {
@@ -35,6 +36,7 @@ static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::MetaUserAgent)]
 }  // namespace
 
 void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
+    FwTraceScope scope("WscSimpleNode::runSemanticAction");
     std::vector<WscActionFrame> begun;
     begun.push_back({this});
     while (!begun.empty()) {
@@ -51,6 +53,7 @@ void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
 
 void WscSimpleNode::dump(const CpsString& thePrefix, std::ostream& theStream,
                          std::ostream& theConsole) const {
+    FwTraceScope scope("WscSimpleNode::dump");
     // The nodes on the way down from here. One prefix serves them all: it grows with the way.
     std::vector<const WscSimpleNode*> path;
     CpsString prefix(thePrefix);

@@ -18,6 +18,7 @@
 #include <cstddef>
 #include <stdexcept>
 #include <vector>
+#include "FwTraceScope.h"
 
 namespace lumnis {
 
@@ -186,6 +187,7 @@ class Layout {
 }  // namespace
 
 std::int64_t layoutJumps(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
+    FwTraceScope scope("layoutJumps");
     return Layout(theCode, theFirstLabel).run();
 }
 
