@@ -1,6 +1,7 @@
 #include "WscCompilerData.h"
 
 #include <algorithm>
+#include <bit>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -164,43 +165,45 @@ int WscCompilerData::nextConstIndex() const noexcept {
     return static_cast<int>(std::min<std::size_t>(constantsM.size(), theMaxConstIndex));
 }
 
-template <class Literal, class Key, class Value>
-int WscCompilerData::addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue) {
-    const auto [place, isNew] = theKnown.emplace(theKey, nextConstIndex());
-    if (isNew) {
+template <class Literal, class Value>
+int WscCompilerData::addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey,
+                               Value theValue) {
+    int index = theKnown.find(theKey);
+    if (index < 0) {
+        index = nextConstIndex();
         constantsM.push_back(std::make_unique<Literal>(theValue));
+        theKnown.add(theKey, index);
     }
-    return place->second;
+    return index;
 }
 
 template <class Literal>
-int WscCompilerData::addText(ConstMap<std::string_view>& theKnown, const CpsString& theText) {
-    const auto found = theKnown.find(theText.view());
-    if (found != theKnown.end()) {
-        return found->second;
+int WscCompilerData::addText(WscNumberTable<std::string_view>& theKnown, const CpsString& theText) {
+    int index = theKnown.find(theText);
+    if (index < 0) {
+        index = nextConstIndex();
+        auto literal = std::make_unique<Literal>(theText);
+        theKnown.add(literal->getText(), index);
+        constantsM.push_back(std::move(literal));
     }
-    const int index = nextConstIndex();
-    auto literal = std::make_unique<Literal>(theText);
-    theKnown.emplace(literal->getText().view(), index);
-    constantsM.push_back(std::move(literal));
     return index;
 }
 
 int WscCompilerData::addIntConst(std::int32_t theValue) {
+    const auto key = static_cast<std::uint32_t>(theValue);
     if (theValue >= -128 && theValue <= 127) {
-        return addConst<WscLiteralInt8>(intConstantsM, theValue,
-                                        static_cast<std::int8_t>(theValue));
+        return addNumber<WscLiteralInt8>(intConstantsM, key, static_cast<std::int8_t>(theValue));
     }
     if (theValue >= -32768 && theValue <= 32767) {
-        return addConst<WscLiteralInt16>(intConstantsM, theValue,
-                                         static_cast<std::int16_t>(theValue));
+        return addNumber<WscLiteralInt16>(intConstantsM, key, static_cast<std::int16_t>(theValue));
     }
-    return addConst<WscLiteralInt32>(intConstantsM, theValue, theValue);
+    return addNumber<WscLiteralInt32>(intConstantsM, key, theValue);
 }
 
 int WscCompilerData::addFloatConst(float theValue) {
     // 0.0 and -0.0 are equal: one constant, in the form that came first.
-    return addConst<WscLiteralFloat>(floatConstantsM, theValue, theValue);
+    const std::uint32_t key = theValue == 0 ? 0 : std::bit_cast<std::uint32_t>(theValue);
+    return addNumber<WscLiteralFloat>(floatConstantsM, key, theValue);
 }
 
 int WscCompilerData::addStringConst(const CpsString& theText) {

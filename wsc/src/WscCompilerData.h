@@ -5,9 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <iosfwd>
-#include <map>
 #include <memory>
-#include <memory_resource>
 #include <string_view>
 #include <vector>
 
@@ -16,6 +14,7 @@
 #include "WscFunctionInfo.h"
 #include "WscLiteralInfo.h"
 #include "WscName.h"
+#include "WscNumberTable.h"
 #include "WscOpcode.h"
 #include "WscPragmaInfo.h"
 #include "WscPragmaMeta.h"
@@ -171,14 +170,10 @@ class WscCompilerData {
         std::vector<int> valuesM;
         std::vector<unsigned> namesM;  // those that have a value
     };
-    // Ordered: a source can be made whose constants all collide in a table of hashes.
-    template <class Key>
-    using ConstMap = std::pmr::map<Key, int>;
-
-    template <class Literal, class Key, class Value>
-    int addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue);
+    template <class Literal, class Value>
+    int addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey, Value theValue);
     template <class Literal>
-    int addText(ConstMap<std::string_view>& theKnown, const CpsString& theText);
+    int addText(WscNumberTable<std::string_view>& theKnown, const CpsString& theText);
     int nextConstIndex() const noexcept;
     template <class Instruction, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
@@ -214,11 +209,10 @@ class WscCompilerData {
 
     std::vector<std::unique_ptr<WscLiteralInfo>> constantsM;  // by index
     // The index of each constant by its value; a text looks at its constant's own.
-    std::pmr::monotonic_buffer_resource mapMemoryM;
-    ConstMap<std::int32_t> intConstantsM{&mapMemoryM};
-    ConstMap<float> floatConstantsM{&mapMemoryM};
-    ConstMap<std::string_view> stringConstantsM{&mapMemoryM};
-    ConstMap<std::string_view> utf8ConstantsM{&mapMemoryM};
+    WscNumberTable<std::uint32_t> intConstantsM;
+    WscNumberTable<std::uint32_t> floatConstantsM;  // by their bits
+    WscNumberTable<std::string_view> stringConstantsM;
+    WscNumberTable<std::string_view> utf8ConstantsM;
 
     std::uint32_t nextLabelM = 0;
     std::uint32_t firstLabelM = 0;  // of the current function

@@ -114,7 +114,13 @@ int WscLexer::token(int theToken) noexcept {
 }
 
 int WscLexer::identifier(std::string_view theText) {
-    tokenValueM.name = &namesM.intern(theText);
+    int number = nameNumbersM.find(theText);
+    if (number < 0) {
+        number = static_cast<int>(namesM.size());
+        namesM.push_back({theText, static_cast<unsigned>(number)});
+        nameNumbersM.add(namesM.back().text, number);
+    }
+    tokenValueM.name = &namesM[static_cast<std::size_t>(number)];
     return WSC_IDENTIFIER;
 }
 

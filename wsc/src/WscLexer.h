@@ -9,7 +9,8 @@
 #include <string_view>
 
 #include "CpsString.h"
-#include "WscNameTable.h"
+#include "WscName.h"
+#include "WscNumberTable.h"
 #include "WscTokenValue.h"
 
 namespace lumnis {
@@ -57,7 +58,8 @@ class WscLexer {
     void* scannerM = nullptr;  // lives in memoryM
     // What token values point to; addresses stay.
     std::deque<CpsString> stringsM;
-    WscNameTable namesM;
+    std::deque<WscName> namesM;  // by number
+    WscNumberTable<std::string_view> nameNumbersM;
     CpsString* currentStringM = nullptr;  // the literal under construction
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};

@@ -44,9 +44,9 @@ WscAstIdentifier* WscParser::identifier(const WscName* theName) {
     return result;
 }
 
-WscAstOperator* WscParser::anOperator(int theOperator) {
+WscAstOperator* WscParser::anOperator(std::int64_t theOperator) {
     auto* result = node<WscAstOperator>();
-    result->setOperator(theOperator);
+    result->setOperator(static_cast<int>(theOperator));
     return result;
 }
 
@@ -68,9 +68,9 @@ WscAstLiteral* WscParser::booleanLiteral(bool theValue) {
     return result;
 }
 
-WscAstLiteral* WscParser::integerLiteral(std::int32_t theValue) {
+WscAstLiteral* WscParser::integerLiteral(std::int64_t theValue) {
     auto* result = node<WscAstLiteral>();
-    result->setDecimalValue(theValue);
+    result->setDecimalValue(static_cast<std::int32_t>(theValue));
     return result;
 }
 
@@ -80,7 +80,7 @@ WscAstLiteral* WscParser::floatLiteral(double theValue) {
     return result;
 }
 
-std::int32_t WscParser::negated(std::int32_t theValue) noexcept {
+std::int32_t WscParser::negated(std::int64_t theValue) noexcept {
     return static_cast<std::int32_t>(0u - static_cast<std::uint32_t>(theValue));
 }
 

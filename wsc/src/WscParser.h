@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <memory_resource>
 #include <new>
@@ -15,6 +16,7 @@
 #include "WscAstPrimaries.h"
 #include "WscAstStatements.h"
 #include "WscLexer.h"
+#include "WscUnitReductions.h"
 
 namespace lumnis {
 
@@ -47,15 +49,15 @@ class WscParser {
         return result;
     }
     WscAstIdentifier* identifier(const WscName* theName);
-    WscAstOperator* anOperator(int theOperator);
+    WscAstOperator* anOperator(std::int64_t theOperator);
     WscAstLiteral* literal(const CpsString* theString);
     WscAstLiteral* invalidLiteral();
     WscAstLiteral* booleanLiteral(bool theValue);
-    WscAstLiteral* integerLiteral(std::int32_t theValue);
+    WscAstLiteral* integerLiteral(std::int64_t theValue);
     // Narrowed to single precision.
     WscAstLiteral* floatLiteral(double theValue);
     // Of 32 bits: the smallest number is its own negation.
-    static std::int32_t negated(std::int32_t theValue) noexcept;
+    static std::int32_t negated(std::int64_t theValue) noexcept;
     // Optional parts that are missing.
     WscSimpleNode* empty() { return node<WscAstEmpty>(); }
     // A sequence of one level of operators, begun and made longer.
@@ -70,6 +72,7 @@ class WscParser {
     WscSimpleNode* forLoop(WscSimpleNode* theInit, WscSimpleNode* theCondition,
                            WscSimpleNode* theIncrement, WscSimpleNode* theBody);
     void setRoot(WscAstCompilationUnit* theRoot) noexcept { rootM = theRoot; }
+    UnitReductionMemo& unitReductions() noexcept { return unitReductionsM; }
     // The generated parser's stack once it has grown: it must go when an exception passes.
     void* allocateStack(std::size_t theSize);
 
@@ -78,6 +81,7 @@ class WscParser {
     WscLexer lexerM;
     std::pmr::monotonic_buffer_resource nodesM{16384};
     std::vector<std::unique_ptr<std::byte[]>> stacksM;
+    UnitReductionMemo unitReductionsM;
 };
 
 }  // namespace lumnis
