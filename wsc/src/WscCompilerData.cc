@@ -166,12 +166,19 @@ int WscCompilerData::nextConstIndex() const noexcept {
 }
 
 template <class Literal, class Value>
+Literal& WscCompilerData::appendConst(const Value& theValue) {
+    auto* literal = constantMemoryM.make<Literal>(theValue);
+    constantsM.push_back(Constant(literal));
+    return *literal;
+}
+
+template <class Literal, class Value>
 int WscCompilerData::addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey,
                                Value theValue) {
     int index = theKnown.find(theKey);
     if (index < 0) {
         index = nextConstIndex();
-        constantsM.push_back(std::make_unique<Literal>(theValue));
+        appendConst<Literal>(theValue);
         theKnown.add(theKey, index);
     }
     return index;
@@ -182,9 +189,7 @@ int WscCompilerData::addText(WscNumberTable<std::string_view>& theKnown, const C
     int index = theKnown.find(theText);
     if (index < 0) {
         index = nextConstIndex();
-        auto literal = std::make_unique<Literal>(theText);
-        theKnown.add(literal->getText(), index);
-        constantsM.push_back(std::move(literal));
+        theKnown.add(appendConst<Literal>(theText).getText(), index);
     }
     return index;
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "CpsString.h"
+#include "WscArena.h"
 #include "WscFunctionCode.h"
 #include "WscFunctionInfo.h"
 #include "WscLiteralInfo.h"
@@ -170,6 +171,9 @@ class WscCompilerData {
         std::vector<int> valuesM;
         std::vector<unsigned> namesM;  // those that have a value
     };
+    // Makes a constant and gives it the next index.
+    template <class Literal, class Value>
+    Literal& appendConst(const Value& theValue);
     template <class Literal, class Value>
     int addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey, Value theValue);
     template <class Literal>
@@ -207,7 +211,15 @@ class WscCompilerData {
     bool hasAccessDomainM = false;
     bool hasAccessPathM = false;
 
-    std::vector<std::unique_ptr<WscLiteralInfo>> constantsM;  // by index
+    // For what lives in an arena: ends it and leaves its memory.
+    struct Destroy {
+        void operator()(WscLiteralInfo* theConstant) const noexcept {
+            theConstant->~WscLiteralInfo();
+        }
+    };
+    using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
+    WscArena constantMemoryM;
+    std::vector<Constant> constantsM;  // by index; they live in constantMemoryM
     // The index of each constant by its value; a text looks at its constant's own.
     WscNumberTable<std::uint32_t> intConstantsM;
     WscNumberTable<std::uint32_t> floatConstantsM;  // by their bits

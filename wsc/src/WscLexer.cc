@@ -72,12 +72,6 @@ WscLexer::WscLexer(const CpsString& theSource) {
     beginScan(theSource);
 }
 
-int WscLexer::yylex(WscTokenValue& theValue) {
-    const int token = scan(scannerM);
-    theValue = tokenValueM;
-    return token;
-}
-
 void WscLexer::LexerError(const CpsString& theText) const {
     throw WscCompilerException(lineNumberM, theText);
 }
@@ -106,11 +100,6 @@ CpsString WscLexer::getAsUtf8(std::uint32_t theValue) {
         result += static_cast<char>(0x80 | ((theValue >> (6 * form.further)) & 0x3F));
     }
     return result;
-}
-
-int WscLexer::token(int theToken) noexcept {
-    tokenValueM.token = theToken;
-    return theToken;
 }
 
 int WscLexer::identifier(std::string_view theText) {

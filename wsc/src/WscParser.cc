@@ -38,18 +38,6 @@ void WscParser::yyerror(const CpsString& theText) const {
     throw WscCompilerException(lexerM.getCurrentLineNumber(), theText);
 }
 
-WscAstIdentifier* WscParser::identifier(const WscName* theName) {
-    auto* result = node<WscAstIdentifier>();
-    result->setName(theName);
-    return result;
-}
-
-WscAstOperator* WscParser::anOperator(std::int64_t theOperator) {
-    auto* result = node<WscAstOperator>();
-    result->setOperator(static_cast<int>(theOperator));
-    return result;
-}
-
 WscAstLiteral* WscParser::literal(const CpsString* theString) {
     auto* result = node<WscAstLiteral>();
     result->setStringLiteralValue(theString);
@@ -111,11 +99,6 @@ WscSimpleNode* WscParser::forLoop(WscSimpleNode* theInit, WscSimpleNode* theCond
     };
     return node<WscAstForStatement>(orEmpty(theInit), orEmpty(theCondition), orEmpty(theIncrement),
                                     theBody);
-}
-
-void* WscParser::allocateStack(std::size_t theSize) {
-    stacksM.push_back(std::make_unique<std::byte[]>(theSize));
-    return stacksM.back().get();
 }
 
 }  // namespace lumnis

@@ -4,13 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <memory>
-#include <memory_resource>
-#include <new>
 #include <type_traits>
-#include <vector>
 
 #include "CpsString.h"
+#include "WscArena.h"
 #include "WscAstDeclarations.h"
 #include "WscAstExpressions.h"
 #include "WscAstPrimaries.h"
@@ -43,13 +40,20 @@ class WscParser {
     template <class Node, class... Children>
     Node* node(Children*... theChildren) {
         static_assert(std::is_trivially_destructible_v<Node>);
-        void* place = nodesM.allocate(sizeof(Node), alignof(Node));
-        auto* result = new (place) Node(Node::theNodeType, lexerM.getCurrentLineNumber());
+        auto* result = nodesM.make<Node>(Node::theNodeType, lexerM.getCurrentLineNumber());
         (result->addChild(theChildren), ...);
         return result;
     }
-    WscAstIdentifier* identifier(const WscName* theName);
-    WscAstOperator* anOperator(std::int64_t theOperator);
+    WscAstIdentifier* identifier(const WscName* theName) {
+        auto* result = node<WscAstIdentifier>();
+        result->setName(theName);
+        return result;
+    }
+    WscAstOperator* anOperator(std::int64_t theOperator) {
+        auto* result = node<WscAstOperator>();
+        result->setOperator(static_cast<int>(theOperator));
+        return result;
+    }
     WscAstLiteral* literal(const CpsString* theString);
     WscAstLiteral* invalidLiteral();
     WscAstLiteral* booleanLiteral(bool theValue);
@@ -74,13 +78,12 @@ class WscParser {
     void setRoot(WscAstCompilationUnit* theRoot) noexcept { rootM = theRoot; }
     UnitReductionMemo& unitReductions() noexcept { return unitReductionsM; }
     // The generated parser's stack once it has grown: it must go when an exception passes.
-    void* allocateStack(std::size_t theSize);
+    void* allocateStack(std::size_t theSize) { return nodesM.allocate(theSize); }
 
   private:
     const WscAstCompilationUnit* rootM = nullptr;
     WscLexer lexerM;
-    std::pmr::monotonic_buffer_resource nodesM{16384};
-    std::vector<std::unique_ptr<std::byte[]>> stacksM;
+    WscArena nodesM;
     UnitReductionMemo unitReductionsM;
 };
 

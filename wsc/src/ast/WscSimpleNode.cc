@@ -87,24 +87,6 @@ CpsString WscSimpleNode::getNodeName() const {
     return theNodeNames[static_cast<std::size_t>(nodeTypeM)];
 }
 
-void WscSimpleNode::addChild(WscSimpleNode* theChild) noexcept {
-    if (lastChildM == nullptr) {
-        theChild->nextSiblingM = theChild;
-    } else {
-        theChild->nextSiblingM = lastChildM->nextSiblingM;
-        lastChildM->nextSiblingM = theChild;
-    }
-    lastChildM = theChild;
-}
-
-const WscSimpleNode* WscSimpleNode::getChild(unsigned theIndex) const noexcept {
-    const WscSimpleNode* child = getFirstChild();
-    while (theIndex-- != 0) {
-        child = child->nextSiblingM;
-    }
-    return child;
-}
-
 unsigned WscSimpleNode::getNumChildren() const noexcept {
     unsigned count = 0;
     for (const WscSimpleNode* child = getFirstChild(); child != nullptr;
@@ -112,12 +94,6 @@ unsigned WscSimpleNode::getNumChildren() const noexcept {
         ++count;
     }
     return count;
-}
-
-const WscSimpleNode* WscSimpleNode::nextChild(WscActionFrame& theFrame) const noexcept {
-    theFrame.currentChild =
-        theFrame.currentChild == nullptr ? getFirstChild() : getNextChild(theFrame.currentChild);
-    return theFrame.currentChild;
 }
 
 void WscSimpleNode::fail(const CpsString& theMessage) const {
