@@ -1,7 +1,5 @@
 #include "EventPrinter.h"
 
-#include <string>
-
 namespace lumnis {
 
 namespace {
@@ -12,7 +10,7 @@ struct EventSink {
     std::string_view prefix;
 
     bool isSilent() const { return output == nullptr; }
-    void print(const CpsString& theLine) const { *output << prefix << theLine.view() << '\n'; }
+    void print(std::string_view theLine) const { *output << prefix << theLine << '\n'; }
 };
 
 class PrintingElementActor final : public XpDtd::ElementActor {
@@ -24,7 +22,7 @@ class PrintingElementActor final : public XpDtd::ElementActor {
         if (sinkM.isSilent()) {
             return;
         }
-        CpsString line = "begin " + EventPrinter::quote(theElement->getName()) + " ";
+        std::string line = "begin " + EventPrinter::quote(theElement->getName()) + " ";
         line += std::to_string(theContentKind);
         for (const auto& [attribute, value] : theAttributes) {
             line += ' ';
@@ -121,22 +119,22 @@ void EventPrinter::printProlog(const XpParser& theParser) const {
         return;
     }
     const auto quoteOrNull = [](const CpsString* theText) {
-        return theText == nullptr ? CpsString("null") : quote(*theText);
+        return theText == nullptr ? std::string("null") : quote(*theText);
     };
-    CpsString external = "none";
+    std::string external = "none";
     if (const XpDtd::ExternalId* id = theParser.getExternalId()) {
         external = quoteOrNull(id->getPublicId()) + " " + quoteOrNull(id->getSystemId());
     }
-    CpsString subset = "none";
+    std::string subset = "none";
     if (const XpDtd* dtd = theParser.getInternalSubset()) {
         subset = dtd->isIncomplete() ? "incomplete" : "complete";
     }
-    *outputM << "external " << external.view() << "\nsubset " << subset.view() << '\n';
+    *outputM << "external " << external << "\nsubset " << subset << '\n';
 }
 
-CpsString EventPrinter::quote(std::string_view theText) {
+std::string EventPrinter::quote(std::string_view theText) {
     constexpr char theDigits[] = "0123456789abcdef";
-    CpsString result("\"");
+    std::string result("\"");
     for (const char c : theText) {
         const auto byte = static_cast<unsigned char>(c);
         if (c == '"' || c == '\\') {
@@ -150,7 +148,8 @@ CpsString EventPrinter::quote(std::string_view theText) {
             result += c;
         }
     }
-    return result += '"';
+    result += '"';
+    return result;
 }
 
 }  // namespace lumnis

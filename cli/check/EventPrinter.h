@@ -18,6 +18,7 @@
 
 #include <memory>
 #include <ostream>
+#include <string>
 #include <string_view>
 
 #include "XpDtd.h"
@@ -48,7 +49,7 @@ class EventPrinter {
     void printProlog(const XpParser& theParser) const;
 
     // theText in quotes, with the escapes above.
-    static CpsString quote(std::string_view theText);
+    static std::string quote(std::string_view theText);
 
   private:
     struct ActorSet;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -30,18 +29,16 @@ struct XpPseudoElements {
     static const XpPseudoElements& instance();
 };
 
-// A state of an automaton. While the automaton is built the transitions are a map, to which names
-// come in any order; freeze turns it into a table to search.
+// A state of an automaton.
 class XpDtd::FsmNode final : public XpDtd::ContentNode {
   public:
-    using Transitions = std::map<const Item*, const FsmNode*, ByCreation>;
-
     FsmNode();
     ~FsmNode() override;
 
     // The state behind "[END]".
     static const FsmNode& finalNode();
 
+    // Only once the automaton is frozen.
     const ContentNode* next(const Item* theItem) const override;
     std::uint64_t getCreation() const { return creationM; }
 
@@ -50,8 +47,8 @@ class XpDtd::FsmNode final : public XpDtd::ContentNode {
     bool addTransition(const Item* theItem, const FsmNode* theTarget);
     // addTransition for each transition of theFrom, in order of creation. Returns how many are
     // new.
-    std::size_t copyTransitions(const FsmNode& theFrom);
-    // The same, but theFrom is left without transitions and the cost is that of the smaller node.
+    std::size_t copyTransitions(FsmNode& theFrom);
+    // The same, but theFrom is of no use afterwards and the cost is that of the smaller node.
     void moveTransitions(FsmNode& theFrom);
     std::size_t countTransitions() const { return transitionsM.size(); }
 
@@ -60,7 +57,7 @@ class XpDtd::FsmNode final : public XpDtd::ContentNode {
     void adoptNodes(FsmNode& theOther);
     // Makes a node next in the chain.
     FsmNode* chainNode();
-    // Of all nodes of the chain: from now on they can be searched and not be changed.
+    // Ends the construction of all nodes of the chain: from now on next may be called.
     void freeze();
 
   private:
@@ -68,12 +65,21 @@ class XpDtd::FsmNode final : public XpDtd::ContentNode {
         std::uint64_t creation;  // of the item
         const Item* item;
         const FsmNode* target;
-    };
 
+        bool operator<(const Transition& theOther) const { return creation < theOther.creation; }
+    };
+    using Transitions = std::vector<Transition>;
+
+    bool add(const Transition& theTransition);
+    void mergeLastRuns();
+    void sort();
     const FsmNode* find(const Item* theItem) const;
 
+    // Sorted by creation once frozen. Before that sorted runs, each more than twice as long as
+    // the next: names mostly come in order and extend the only run, and where they do not, an
+    // addition still costs no more than log n steps twice over.
     Transitions transitionsM;
-    std::vector<Transition> tableM;
+    std::vector<std::size_t> runsM;  // where the runs begin, but for the first
     std::unique_ptr<FsmNode> chainNextM;
     FsmNode* chainLastM;  // the last node of the chain that begins here
     std::uint64_t creationM;

@@ -65,7 +65,7 @@ class XpDtd::Fsm : public XpDtd::GrammarUnit {
     static FsmNode& startOf(Fsm& theFsm) { return theFsm.getStart(); }
     static bool mayBeEmpty(Fsm& theFsm) { return theFsm.getEnds().count(&theFsm.getStart()) != 0; }
     void addTransition(FsmNode& theNode, const Item* theItem, const FsmNode* theTarget);
-    void copyTransitions(FsmNode& theNode, const FsmNode& theFrom);
+    void copyTransitions(FsmNode& theNode, FsmNode& theFrom);
     // Takes the nodes of theOther and adds its ends, but for its start node. theOther is to be
     // destroyed then. True if its start node was an end, that is, if theOther may be empty.
     bool adopt(Fsm& theOther);

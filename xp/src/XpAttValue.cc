@@ -2,6 +2,8 @@
 
 #include <typeinfo>
 
+#include "XpTextRules.h"
+
 namespace lumnis {
 
 namespace {
@@ -16,9 +18,9 @@ CpsString joinNames(const auto& theItems) {
     CpsString result;
     for (const auto& item : theItems) {
         if (&item != &theItems.front()) {
-            result += ' ';
+            XpTextRules::append(result, " ");
         }
-        result += item->getName();
+        XpTextRules::append(result, item->getName());
     }
     return result;
 }
@@ -95,9 +97,9 @@ CpsString XpDtd::AttValueNmTokens::toString() const {
     CpsString result;
     for (const CpsString& token : tokensM) {
         if (&token != &tokensM.front()) {
-            result += ' ';
+            XpTextRules::append(result, " ");
         }
-        result += token;
+        XpTextRules::append(result, token);
     }
     return result;
 }

@@ -29,21 +29,17 @@ const XpDtd::FsmNode& XpDtd::FsmNode::finalNode() {
 const XpDtd::FsmNode* XpDtd::FsmNode::find(const Item* theItem) const {
     // Most nodes know few items, and identity needs no look at them.
     constexpr std::size_t theScanLimit = 8;
-    if (tableM.size() <= theScanLimit) {
-        for (const Transition& transition : tableM) {
+    if (transitionsM.size() <= theScanLimit) {
+        for (const Transition& transition : transitionsM) {
             if (transition.item == theItem) {
                 return transition.target;
             }
         }
         return nullptr;
     }
-    const std::uint64_t creation = theItem->getCreation();
-    const auto place =
-        std::lower_bound(tableM.begin(), tableM.end(), creation,
-                         [](const Transition& theTransition, std::uint64_t theCreation) {
-                             return theTransition.creation < theCreation;
-                         });
-    return place != tableM.end() && place->item == theItem ? place->target : nullptr;
+    const auto place = std::lower_bound(transitionsM.begin(), transitionsM.end(),
+                                        Transition{theItem->getCreation(), theItem, nullptr});
+    return place != transitionsM.end() && place->item == theItem ? place->target : nullptr;
 }
 
 // An element of an internal subset passes where the model of the external subset names its base.
@@ -56,41 +52,74 @@ const XpDtd::ContentNode* XpDtd::FsmNode::next(const Item* theItem) const {
     return nullptr;
 }
 
-bool XpDtd::FsmNode::addTransition(const Item* theItem, const FsmNode* theTarget) {
-    const auto [place, isNew] = transitionsM.try_emplace(theItem, theTarget);
-    if (!isNew && place->second != theTarget) {
-        throw NondeterministicException(*theItem);
+bool XpDtd::FsmNode::add(const Transition& theTransition) {
+    std::size_t end = transitionsM.size();
+    const bool isLast = end == 0 || transitionsM.back() < theTransition;
+    if (!isLast || !runsM.empty()) {
+        for (std::size_t run = runsM.size() + 1; run-- != 0;) {
+            const std::size_t begin = run == 0 ? 0 : runsM[run - 1];
+            const auto first = transitionsM.begin();
+            const auto last = first + static_cast<std::ptrdiff_t>(end);
+            const auto place =
+                std::lower_bound(first + static_cast<std::ptrdiff_t>(begin), last, theTransition);
+            if (place != last && place->item == theTransition.item) {
+                if (place->target != theTransition.target) {
+                    throw NondeterministicException(*theTransition.item);
+                }
+                return false;
+            }
+            end = begin;
+        }
     }
-    return isNew;
+    if (!isLast) {
+        runsM.push_back(transitionsM.size());
+    }
+    transitionsM.push_back(theTransition);
+    while (!runsM.empty() && runsM.back() - (runsM.size() == 1 ? 0 : runsM[runsM.size() - 2]) <=
+                                 2 * (transitionsM.size() - runsM.back())) {
+        mergeLastRuns();
+    }
+    return true;
 }
 
-std::size_t XpDtd::FsmNode::copyTransitions(const FsmNode& theFrom) {
+void XpDtd::FsmNode::mergeLastRuns() {
+    const auto begin = transitionsM.begin();
+    const std::size_t first = runsM.size() == 1 ? 0 : runsM[runsM.size() - 2];
+    std::inplace_merge(begin + static_cast<std::ptrdiff_t>(first),
+                       begin + static_cast<std::ptrdiff_t>(runsM.back()), transitionsM.end());
+    runsM.pop_back();
+}
+
+void XpDtd::FsmNode::sort() {
+    while (!runsM.empty()) {
+        mergeLastRuns();
+    }
+}
+
+bool XpDtd::FsmNode::addTransition(const Item* theItem, const FsmNode* theTarget) {
+    return add({theItem->getCreation(), theItem, theTarget});
+}
+
+std::size_t XpDtd::FsmNode::copyTransitions(FsmNode& theFrom) {
     if (this == &theFrom) {
         return 0;
     }
     const std::size_t before = transitionsM.size();
-    auto hint = transitionsM.begin();
-    for (const auto& [item, target] : theFrom.transitionsM) {
-        if (hint == transitionsM.end() || hint->first != item) {
-            hint = transitionsM.try_emplace(hint, item, target);
-        }
-        if (hint->second != target) {
-            throw NondeterministicException(*item);
-        }
-        ++hint;
+    theFrom.sort();
+    for (const Transition& transition : theFrom.transitionsM) {
+        add(transition);
     }
     return transitionsM.size() - before;
 }
 
+// Which of the two is walked makes no difference to the conflict that is found: it is the first
+// item that both have.
 void XpDtd::FsmNode::moveTransitions(FsmNode& theFrom) {
     if (transitionsM.size() < theFrom.transitionsM.size()) {
         transitionsM.swap(theFrom.transitionsM);
+        runsM.swap(theFrom.runsM);
     }
-    // What is left behind by merge is in both, with targets that differ: those of two parts do.
-    transitionsM.merge(theFrom.transitionsM);
-    if (!theFrom.transitionsM.empty()) {
-        throw NondeterministicException(*theFrom.transitionsM.begin()->first);
-    }
+    copyTransitions(theFrom);
 }
 
 void XpDtd::FsmNode::adoptNodes(FsmNode& theOther) {
@@ -118,11 +147,8 @@ XpDtd::FsmNode* XpDtd::FsmNode::chainNode() {
 
 void XpDtd::FsmNode::freeze() {
     for (FsmNode* node = this; node != nullptr; node = node->chainNextM.get()) {
-        node->tableM.reserve(node->transitionsM.size());
-        for (const auto& [item, target] : node->transitionsM) {
-            node->tableM.push_back({item->getCreation(), item, target});
-        }
-        node->transitionsM.clear();
+        node->sort();
+        node->transitionsM.shrink_to_fit();
     }
 }
 

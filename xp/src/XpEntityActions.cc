@@ -164,13 +164,13 @@ CpsString XpParserBase::processEntityValue(const CpsString& theLiteral) {
         switch (lexerM->yylex()) {
             case XP_NORMAL_CHARS:
             case XP_ENTITY_REFERENCE:
-                result += lexerM->getText();
+                XpTextRules::append(result, lexerM->getText());
                 break;
             case XP_PE_REFERENCE: {
                 const CpsString& text =
                     activeDtdM->obtainParameterEntity(*lexerM->getValue().string).getTextValue();
                 lexerM->countExpansion(text.length());
-                result += text;
+                XpTextRules::append(result, text);
                 break;
             }
             case XP_CHARREF:

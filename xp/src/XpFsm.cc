@@ -50,7 +50,7 @@ void XpDtd::Fsm::addTransition(FsmNode& theNode, const Item* theItem, const FsmN
     sizeM.add(theNode.addTransition(theItem, theTarget) ? 1 : 0);
 }
 
-void XpDtd::Fsm::copyTransitions(FsmNode& theNode, const FsmNode& theFrom) {
+void XpDtd::Fsm::copyTransitions(FsmNode& theNode, FsmNode& theFrom) {
     sizeM.work(1 + theFrom.countTransitions());
     sizeM.add(theNode.copyTransitions(theFrom));
 }

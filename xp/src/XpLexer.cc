@@ -6,6 +6,7 @@
 #include "XpGrammar.h"
 #include "XpInternalError.h"
 #include "XpParserError.h"
+#include "XpTextRules.h"
 
 namespace lumnis {
 
@@ -131,8 +132,8 @@ bool XpLexer::getUndefinedIds(CpsString& theOutput) const {
     bool isAny = false;
     for (const auto& [name, id] : idsM) {
         if (!id->isDefined()) {
-            theOutput += ' ';
-            theOutput += name;
+            XpTextRules::append(theOutput, " ");
+            XpTextRules::append(theOutput, name);
             isAny = true;
         }
     }

@@ -14,17 +14,27 @@ void appendReplacing(CpsString& theOutput, std::string_view theText, std::string
                      char theByte) {
     for (;;) {
         const std::size_t at = theText.find_first_of(theSet);
-        theOutput += theText.substr(0, at);
+        XpTextRules::append(theOutput, theText.substr(0, at));
         if (at == std::string_view::npos) {
             return;
         }
-        theOutput += theByte;
+        XpTextRules::append(theOutput, {&theByte, 1});
         const bool isPair = theText.substr(at, 2) == "\r\n";
         theText.remove_prefix(at + (isPair ? 2 : 1));
     }
 }
 
 }  // namespace
+
+void XpTextRules::append(CpsString& theOutput, std::string_view theText) {
+    const std::size_t length = theOutput.length() + theText.size();
+    if (length > theOutput.capacity()) {
+        constexpr std::size_t theMostAtOnce = 1u << 30;
+        theOutput.reserve(static_cast<std::uint32_t>(
+            length + std::min<std::size_t>(theOutput.length(), theMostAtOnce)));
+    }
+    theOutput.append(theText);
+}
 
 void XpTextRules::appendWithLineEnds(CpsString& theOutput, std::string_view theText) {
     appendReplacing(theOutput, theText, "\r", '\n');
@@ -35,24 +45,28 @@ void XpTextRules::appendWithBlanks(CpsString& theOutput, std::string_view theTex
 }
 
 void XpTextRules::appendUtf8(CpsString& theOutput, unsigned theCodePoint) {
-    const auto tail = [&](unsigned theShift) {
-        theOutput += static_cast<char>(0x80 | ((theCodePoint >> theShift) & 0x3F));
+    char bytes[4];
+    std::size_t count = 0;
+    const auto put = [&](unsigned theByte) { bytes[count++] = static_cast<char>(theByte); };
+    const auto putTail = [&](unsigned theShift) {
+        put(0x80 | ((theCodePoint >> theShift) & 0x3F));
     };
     if (theCodePoint < 0x80) {
-        theOutput += static_cast<char>(theCodePoint);
+        put(theCodePoint);
     } else if (theCodePoint < 0x800) {
-        theOutput += static_cast<char>(0xC0 | (theCodePoint >> 6));
-        tail(0);
+        put(0xC0 | (theCodePoint >> 6));
+        putTail(0);
     } else if (theCodePoint < 0x10000) {
-        theOutput += static_cast<char>(0xE0 | (theCodePoint >> 12));
-        tail(6);
-        tail(0);
+        put(0xE0 | (theCodePoint >> 12));
+        putTail(6);
+        putTail(0);
     } else {
-        theOutput += static_cast<char>(0xF0 | (theCodePoint >> 18));
-        tail(12);
-        tail(6);
-        tail(0);
+        put(0xF0 | (theCodePoint >> 18));
+        putTail(12);
+        putTail(6);
+        putTail(0);
     }
+    append(theOutput, {bytes, count});
 }
 
 CpsString XpTextRules::collapseSpace(std::string_view theText) {
@@ -64,9 +78,9 @@ CpsString XpTextRules::collapseSpace(std::string_view theText) {
         }
         const std::size_t end = std::min(theText.find_first_of(theSpaces), theText.size());
         if (!result.empty()) {
-            result += ' ';
+            append(result, " ");
         }
-        result += theText.substr(0, end);
+        append(result, theText.substr(0, end));
         theText.remove_prefix(end);
     }
 }
