@@ -188,10 +188,10 @@ class XpParserBase {
     std::vector<std::unique_ptr<char[]>> parserStacksM;
 
     // Each expansion of a parameter entity has a number; 0 is outside of all.
-    int peCounterM = 0;
-    int currentPeM = 0;
-    std::vector<int> peStackM;
-    std::vector<int> peNestStackM;  // currentPeM at the open of a group or declaration
+    std::size_t peCounterM = 0;
+    std::size_t currentPeM = 0;
+    std::vector<std::size_t> peStackM;
+    std::vector<std::size_t> peNestStackM;  // currentPeM at the open of a group or declaration
     std::vector<ExternalText> externalTextsM;
     std::set<const XpDtd::Entity*> entitiesInProgressM;
     std::vector<const XpDtd::Entity*> entityStackM;
