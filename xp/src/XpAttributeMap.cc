@@ -7,7 +7,7 @@ namespace lumnis {
 
 namespace {
 
-constexpr std::size_t theScanLimit = 16;
+constexpr std::size_t theIndexLimit = 16;
 
 bool isBefore(const XpDtd::AttributeMap::Entry& theLeft,
               const XpDtd::AttributeMap::Entry& theRight) {
@@ -21,7 +21,7 @@ XpDtd::AttributeMap::AttributeMap() = default;
 XpDtd::AttributeMap::~AttributeMap() = default;
 
 const XpDtd::AttValue* XpDtd::AttributeMap::find(const Attribute* theAttribute) const {
-    const auto place = entriesM.size() <= theScanLimit
+    const auto place = entriesM.size() <= theIndexLimit
                            ? std::find_if(entriesM.begin(), entriesM.end(),
                                           [&](const Entry& theEntry) {
                                               return theEntry.attribute == theAttribute;
@@ -35,7 +35,7 @@ const XpDtd::AttValue* XpDtd::AttributeMap::find(const Attribute* theAttribute) 
 }
 
 bool XpDtd::AttributeMap::isNew(const Attribute& theAttribute) {
-    if (entriesM.size() < theScanLimit) {
+    if (entriesM.size() < theIndexLimit) {
         return std::none_of(entriesM.begin(), entriesM.end(), [&](const Entry& theEntry) {
             return theEntry.attribute == &theAttribute;
         });
