@@ -1,0 +1,153 @@
+// The typed value of an attribute. Its class follows from the declared type of the attribute.
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "XpDtd.h"
+
+namespace lumnis {
+
+class XpDtd::AttValue {
+  public:
+    AttValue() = default;
+    AttValue(const AttValue&) = delete;
+    AttValue& operator=(const AttValue&) = delete;
+    virtual ~AttValue();
+
+    // Values of different classes differ.
+    virtual bool operator==(const AttValue& theOther) const = 0;
+    virtual CpsString toString() const;
+    bool operator!=(const AttValue& theOther) const { return !(*this == theOther); }
+};
+
+class XpDtd::AttValueCData final : public XpDtd::AttValue {
+  public:
+    explicit AttValueCData(std::unique_ptr<CpsString> theData) : dataM(std::move(theData)) {}
+
+    const CpsString& getData() const { return *dataM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override { return *dataM; }
+
+  private:
+    std::unique_ptr<CpsString> dataM;
+};
+
+// IDs belong to the table of one parse. The values keep them alive beyond it, so that the default
+// of a finished DTD can still be printed, and never equals an ID of another parse.
+class XpDtd::AttValueId final : public XpDtd::AttValue {
+  public:
+    explicit AttValueId(std::shared_ptr<const Id> theId) : idM(std::move(theId)) {}
+
+    const Id* getId() const { return idM.get(); }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    std::shared_ptr<const Id> idM;
+};
+
+class XpDtd::AttValueIdRef final : public XpDtd::AttValue {
+  public:
+    explicit AttValueIdRef(std::shared_ptr<const Id> theId) : idM(std::move(theId)) {}
+
+    const Id* getId() const { return idM.get(); }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    std::shared_ptr<const Id> idM;
+};
+
+class XpDtd::AttValueIdRefs final : public XpDtd::AttValue {
+  public:
+    using Ids = std::vector<std::shared_ptr<const Id>>;
+
+    explicit AttValueIdRefs(Ids theIds) : idsM(std::move(theIds)) {}
+
+    const Ids& getIds() const { return idsM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    Ids idsM;
+};
+
+class XpDtd::AttValueEntity final : public XpDtd::AttValue {
+  public:
+    explicit AttValueEntity(const Entity* theEntity) : entityM(theEntity) {}
+
+    const Entity* getEntity() const { return entityM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    const Entity* entityM;
+};
+
+class XpDtd::AttValueEntities final : public XpDtd::AttValue {
+  public:
+    using Entities = std::vector<const Entity*>;
+
+    explicit AttValueEntities(Entities theEntities) : entitiesM(std::move(theEntities)) {}
+
+    const Entities& getEntities() const { return entitiesM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    Entities entitiesM;
+};
+
+class XpDtd::AttValueNmToken final : public XpDtd::AttValue {
+  public:
+    explicit AttValueNmToken(CpsString theToken) : tokenM(std::move(theToken)) {}
+
+    const CpsString& getToken() const { return tokenM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override { return tokenM; }
+
+  private:
+    CpsString tokenM;
+};
+
+class XpDtd::AttValueNmTokens final : public XpDtd::AttValue {
+  public:
+    using Tokens = std::vector<CpsString>;
+
+    explicit AttValueNmTokens(Tokens theTokens) : tokensM(std::move(theTokens)) {}
+
+    const Tokens& getTokens() const { return tokensM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    Tokens tokensM;
+};
+
+class XpDtd::AttValueNotation final : public XpDtd::AttValue {
+  public:
+    explicit AttValueNotation(const Notation* theNotation) : notationM(theNotation) {}
+
+    const Notation* getNotation() const { return notationM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    const Notation* notationM;
+};
+
+class XpDtd::AttValueEnum final : public XpDtd::AttValue {
+  public:
+    explicit AttValueEnum(const Enum* theEnum) : enumTokenM(theEnum) {}
+
+    const Enum* getEnum() const { return enumTokenM; }
+    bool operator==(const AttValue& theOther) const override;
+    CpsString toString() const override;
+
+  private:
+    const Enum* enumTokenM;
+};
+
+}  // namespace lumnis

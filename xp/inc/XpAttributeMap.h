@@ -1,0 +1,47 @@
+// The attributes that one start tag gives, with their values, in the order in which the
+// attributes were declared or first used.
+#pragma once
+
+#include <memory>
+#include <set>
+#include <vector>
+
+#include "XpDtd.h"
+
+namespace lumnis {
+
+class XpDtd::AttributeMap {
+  public:
+    struct Entry {
+        const Attribute* attribute;
+        std::unique_ptr<const AttValue> value;  // never null
+    };
+    using Entries = std::vector<Entry>;
+
+    AttributeMap();
+    ~AttributeMap();
+
+    // Null if theAttribute is not there. The value stays the map's.
+    const AttValue* find(const Attribute* theAttribute) const;
+    bool empty() const { return entriesM.empty(); }
+    std::size_t size() const { return entriesM.size(); }
+    Entries::const_iterator begin() const { return entriesM.begin(); }
+    Entries::const_iterator end() const { return entriesM.end(); }
+
+    // Throws DuplicateAttributeException for an attribute that is there, and
+    // FixedAttributeException for a value that differs from a fixed one.
+    void add(const Attribute& theAttribute, std::unique_ptr<const AttValue> theValue);
+    // Puts the entries in order, once all are there. The other operations want that, but for add.
+    void sort();
+    void clear();
+
+  private:
+    // False if it was there already.
+    bool isNew(const Attribute& theAttribute);
+
+    Entries entriesM;
+    // The attributes again, when there are so many that looking through them would be slow.
+    std::set<const Attribute*> indexM;
+};
+
+}  // namespace lumnis

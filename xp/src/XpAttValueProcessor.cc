@@ -1,0 +1,198 @@
+#include "XpAttValueProcessor.h"
+
+#include <utility>
+
+#include "XpFsm.h"
+#include "XpGrammar.h"
+#include "XpLexer.h"
+
+namespace lumnis {
+
+namespace {
+
+// Reads the tokens of one value. The end of the text pops the condition.
+class TokenReader {
+  public:
+    TokenReader(XpLexer& theLexer, const CpsString& theText, XpLexer::Condition theCondition,
+                const char* theType)
+        : lexerM(theLexer),
+          tokenM(theCondition == XpLexer::ATTNAME ? XP_NAME : XP_NAME_TOKEN),
+          typeM(theType) {
+        theText.c_str();
+        lexerM.yy_push_state(theCondition);
+        lexerM.pushInput(&theText, XP_END_EXPANSION);
+    }
+
+    const CpsString& first() {
+        const CpsString* token = next();
+        return token == nullptr ? fail() : *token;
+    }
+    // Null at the end of the text.
+    const CpsString* next() {
+        const int token = lexerM.yylex();
+        if (token == tokenM) {
+            return lexerM.getValue().string;
+        }
+        if (token != XP_END_EXPANSION) {
+            fail();
+        }
+        lexerM.yy_pop_state();
+        return nullptr;
+    }
+    void finish() {
+        if (next() != nullptr) {
+            fail();
+        }
+    }
+
+  private:
+    [[noreturn]] const CpsString& fail() {
+        lexerM.fail(CpsString("error parsing ") + typeM + " attribute value");
+    }
+
+    XpLexer& lexerM;
+    int tokenM;
+    const char* typeM;
+};
+
+const XpDtd::Entity* unparsedEntity(const CpsString& theName, XpLexer& theLexer,
+                                    const XpDtd& theActiveDtd, XpDtd* theBuildingDtd) {
+    const XpDtd::Entity& entity = theBuildingDtd != nullptr ? theBuildingDtd->obtainEntity(theName)
+                                                            : theActiveDtd.obtainEntity(theName);
+    const XpDtd::ItemValue* value = entity.getValue();
+    const bool isImplied = value == nullptr && theBuildingDtd != nullptr;
+    const bool isUnparsed = value != nullptr && value->isExternal() &&
+                            static_cast<const XpDtd::ExternalId*>(value)->getNotation() != nullptr;
+    if (!isImplied && !isUnparsed) {
+        theLexer.fail("entity " + theName + " is not NDATA");
+    }
+    return &entity;
+}
+
+}  // namespace
+
+XpDtd::AttValueProcessor::~AttValueProcessor() = default;
+
+bool XpDtd::AttValueProcessor::checkDefault(const AttValue*, Attribute::DefaultKind) const {
+    return true;
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(std::unique_ptr<CpsString> theText,
+                                                                 XpLexer&, const XpDtd&,
+                                                                 XpDtd*) const {
+    return std::make_unique<XpDtd::AttValueCData>(std::move(theText));
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(std::unique_ptr<CpsString> theText,
+                                                              XpLexer& theLexer, const XpDtd&,
+                                                              XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "ID");
+    const std::shared_ptr<XpDtd::Id>& id = theLexer.obtainId(reader.first());
+    if (id->isDefined()) {
+        theLexer.fail("ID multiply defined: " + id->getName());
+    }
+    id->setDefined();
+    reader.finish();
+    return std::make_unique<XpDtd::AttValueId>(id);
+}
+
+bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,
+                                 XpDtd::Attribute::DefaultKind theKind) const {
+    return theValue == nullptr &&
+           (theKind == XpDtd::Attribute::IMPLIED || theKind == XpDtd::Attribute::REQUIRED);
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(std::unique_ptr<CpsString> theText,
+                                                                 XpLexer& theLexer, const XpDtd&,
+                                                                 XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "IDREF");
+    const std::shared_ptr<XpDtd::Id>& id = theLexer.obtainId(reader.first());
+    reader.finish();
+    return std::make_unique<XpDtd::AttValueIdRef>(id);
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(
+    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "IDREFS");
+    XpDtd::AttValueIdRefs::Ids ids;
+    while (const CpsString* name = reader.next()) {
+        ids.push_back(theLexer.obtainId(*name));
+    }
+    return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids));
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(
+    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+    XpDtd* theBuildingDtd) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "ENTITY");
+    const XpDtd::Entity* entity =
+        unparsedEntity(reader.first(), theLexer, theActiveDtd, theBuildingDtd);
+    reader.finish();
+    return std::make_unique<XpDtd::AttValueEntity>(entity);
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(
+    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+    XpDtd* theBuildingDtd) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "ENTITIES");
+    XpDtd::AttValueEntities::Entities entities;
+    while (const CpsString* name = reader.next()) {
+        entities.push_back(unparsedEntity(*name, theLexer, theActiveDtd, theBuildingDtd));
+    }
+    return std::make_unique<XpDtd::AttValueEntities>(std::move(entities));
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(
+    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
+    auto value = std::make_unique<XpDtd::AttValueNmToken>(reader.first());
+    reader.finish();
+    return value;
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(
+    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
+    XpDtd::AttValueNmTokens::Tokens tokens;
+    while (const CpsString* token = reader.next()) {
+        tokens.push_back(*token);
+    }
+    return std::make_unique<XpDtd::AttValueNmTokens>(std::move(tokens));
+}
+
+XpNotationProcessor::XpNotationProcessor(std::unique_ptr<XpDtd::Choice> theChoice)
+    : choiceM(std::move(theChoice)) {}
+
+XpNotationProcessor::~XpNotationProcessor() = default;
+
+std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(
+    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+    XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "NOTATION");
+    const XpDtd::Notation& notation = theActiveDtd.obtainNotation(reader.first());
+    if (choiceM->getFirst()->next(&notation) == nullptr) {
+        theLexer.fail("Unexpected notation in NOTATION attribute value");
+    }
+    reader.finish();
+    return std::make_unique<XpDtd::AttValueNotation>(&notation);
+}
+
+XpEnumProcessor::XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice)
+    : choiceM(std::move(theChoice)) {}
+
+XpEnumProcessor::~XpEnumProcessor() = default;
+
+std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(std::unique_ptr<CpsString> theText,
+                                                                XpLexer& theLexer,
+                                                                const XpDtd& theActiveDtd,
+                                                                XpDtd*) const {
+    TokenReader reader(theLexer, *theText, XpLexer::ATTNMTOKEN, "enumerated");
+    const XpDtd::Enum& token = theActiveDtd.obtainEnum(reader.first());
+    if (choiceM->getFirst()->next(&token) == nullptr) {
+        theLexer.fail("Unexpected token in enumerated attribute value");
+    }
+    reader.finish();
+    return std::make_unique<XpDtd::AttValueEnum>(&token);
+}
+
+}  // namespace lumnis

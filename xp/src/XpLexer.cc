@@ -1,0 +1,172 @@
+#include "XpLexer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "XpGrammar.h"
+#include "XpInternalError.h"
+#include "XpParserError.h"
+#include "XpTextRules.h"
+
+namespace lumnis {
+
+namespace {
+
+// Entities may make a document large, or many times larger than it is, but not both.
+constexpr std::size_t theExpansionLimit = 8u << 20;
+constexpr std::size_t theExpansionRatio = 100;
+// A parameter entity that refers to itself opens inputs without end. Others open at most as many
+// as there are entities.
+constexpr std::size_t theInputLimit = 4'000'000;
+
+constexpr const char* theExpansionMessage = "entity expansion limit exceeded";
+
+constexpr unsigned theLastCodePoint = 1114111;
+// The input that is at its end at once.
+constexpr unsigned char theNothing[] = {0};
+
+const unsigned char* beginOf(const CpsString& theText) {
+    return reinterpret_cast<const unsigned char*>(theText.data());
+}
+
+bool isXmlChar(unsigned theCodePoint) {
+    return theCodePoint == 9 || theCodePoint == 10 || theCodePoint == 13 ||
+           (theCodePoint >= 32 && theCodePoint <= 55295) ||
+           (theCodePoint >= 57344 && theCodePoint <= 65533) ||
+           (theCodePoint >= 65536 && theCodePoint <= theLastCodePoint);
+}
+
+}  // namespace
+
+XpLexer::XpLexer(const CpsString* theInput)
+    : cursorM(beginOf(*theInput)),
+      limitM(cursorM + theInput->length()),
+      documentSizeM(theInput->length()) {
+    theInput->c_str();
+}
+
+void XpLexer::startDtd() {
+    conditionM = DTD;
+    pushNothing(XP_PARSE_DTD);
+}
+
+void XpLexer::startProlog() {
+    conditionM = PROLOG;
+    pushNothing(XP_PARSE_PROLOG);
+}
+
+void XpLexer::startDocument() {
+    conditionM = CONTENT;
+    pushNothing(XP_PARSE_DOCUMENT);
+}
+
+void XpLexer::pushInput(const CpsString* theText, int theEndToken) {
+    pushBytes(beginOf(*theText), beginOf(*theText) + theText->length(), theEndToken);
+}
+
+void XpLexer::pushNothing(int theEndToken) {
+    pushBytes(theNothing, theNothing, theEndToken);
+}
+
+void XpLexer::pushBytes(const unsigned char* theBegin, const unsigned char* theEnd,
+                        int theEndToken) {
+    if (inputStackM.size() >= theInputLimit) {
+        fail(theExpansionMessage);
+    }
+    inputStackM.push_back({cursorM, limitM, theEndToken});
+    cursorM = theBegin;
+    limitM = theEnd;
+}
+
+int XpLexer::endInput() {
+    if (inputStackM.empty()) {
+        return XP_YYEOF;
+    }
+    const Frame frame = inputStackM.back();
+    inputStackM.pop_back();
+    cursorM = frame.cursor;
+    limitM = frame.limit;
+    return frame.endToken;
+}
+
+void XpLexer::countExpansion(std::size_t theLength) {
+    expandedM += theLength;
+    if (expandedM > theExpansionLimit && expandedM > documentSizeM * theExpansionRatio) {
+        fail(theExpansionMessage);
+    }
+}
+
+void XpLexer::yy_push_state(Condition theCondition) {
+    conditionStackM.push_back(conditionM);
+    conditionM = theCondition;
+}
+
+void XpLexer::yy_pop_state() {
+    if (conditionStackM.empty()) {
+        throw XpInternalError("start-condition stack underflow");
+    }
+    conditionM = conditionStackM.back();
+    conditionStackM.pop_back();
+}
+
+void XpLexer::addString() {
+    stringsM.push_back(std::make_unique<CpsString>());
+}
+
+const std::shared_ptr<XpDtd::Id>& XpLexer::obtainId(std::string_view theName) {
+    const auto place = idsM.lower_bound(theName);
+    if (place != idsM.end() && place->first == theName) {
+        return place->second;
+    }
+    auto id = std::make_shared<XpDtd::Id>(theName);
+    const std::string_view name = id->getName().view();
+    return idsM.emplace_hint(place, name, std::move(id))->second;
+}
+
+bool XpLexer::getUndefinedIds(CpsString& theOutput) const {
+    bool isAny = false;
+    for (const auto& [name, id] : idsM) {
+        if (!id->isDefined()) {
+            XpTextRules::append(theOutput, " ");
+            XpTextRules::append(theOutput, name);
+            isAny = true;
+        }
+    }
+    return isAny;
+}
+
+void XpLexer::fail(CpsString theMessage) const {
+    throw XpParserError(std::move(theMessage), lineM);
+}
+
+void XpLexer::failAtText(std::string_view theMessage) const {
+    fail(CpsString(theMessage, yytextM));
+}
+
+void XpLexer::takeRun(const unsigned char* theCursor) {
+    takeWord(theCursor);
+    if (inputStackM.empty()) {
+        std::string_view rest = yytextM;
+        for (std::size_t at = rest.find('\n'); at != std::string_view::npos; at = rest.find('\n')) {
+            ++lineM;
+            rest.remove_prefix(at + 1);
+        }
+    }
+}
+
+int XpLexer::characterToken(std::string_view theDigits, unsigned theRadix) {
+    unsigned codePoint = 0;
+    for (const char digit : theDigits) {
+        const unsigned value = digit <= '9' ? static_cast<unsigned>(digit - '0')
+                                            : static_cast<unsigned>((digit | 0x20) - 'a' + 10);
+        // Stays above the last code point once it is there.
+        codePoint = std::min(codePoint, theLastCodePoint + 1) * theRadix + value;
+    }
+    if (!isXmlChar(codePoint)) {
+        failAtText("illegal character entity ");
+    }
+    yylvalM.codePoint = codePoint;
+    return XP_CHARREF;
+}
+
+}  // namespace lumnis

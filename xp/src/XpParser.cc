@@ -1,0 +1,132 @@
+#include "XpParser.h"
+
+#include "FwTraceScope.h"
+#include "XpContentNode.h"
+#include "XpDtdParser.h"
+#include "XpLexer.h"
+
+namespace lumnis {
+
+XpParser::XpParser(const CpsString* theInput, XpDtd::PiActor* thePrologPiActor,
+                   XpDtd::WhitespaceActor* thePrologWhitespaceActor, void* theContext)
+    : XpParserBase(theInput, theContext) {
+    prologPiActorM = thePrologPiActor;
+    prologWhitespaceActorM = thePrologWhitespaceActor;
+}
+
+XpParser::~XpParser() = default;
+
+void XpParser::parseProlog() {
+    const FwTraceScope scope("XpParser::parseProlog");
+    lexerM->startProlog();
+    parse();
+}
+
+CpsString XpParser::getPublicIdentifier() const {
+    const CpsString* id = externalIdM == nullptr ? nullptr : externalIdM->getPublicId();
+    return id == nullptr ? CpsString() : *id;
+}
+
+void XpParser::makeNonvalidating(XpDtd* theDtd, XpDtd::ElementActor* theDefaultActor,
+                                 void* theContext) {
+    activeDtdM = theDtd;
+    buildingDtdM = theDtd;
+    defaultActorM = theDefaultActor;
+    contextM = theContext;
+}
+
+// True if the external subset is there and complete.
+bool XpParser::readExternalSubset(void* theContext) {
+    ownedDtdM = std::make_unique<XpDtd>();
+    const ExternalText text = fetch(*externalIdM);
+    if (text == nullptr) {
+        return false;
+    }
+    try {
+        XpDtdParser parser(text.get(), ownedDtdM.get(), theContext);
+        parser.setEntityResolver(resolverM);
+        parser.parseDtd();
+    } catch (const XpException& error) {
+        fail("in external subset: " + error.toString());
+    }
+    return !ownedDtdM->isIncomplete();
+}
+
+void XpParser::setDtd(const XpDtd* theDtd, void* theContext, XpDtd::ElementActor* theDefaultActor,
+                      XpDtd::PcDataActor* thePcData, XpDtd::PcDataActor* theCdSection,
+                      XpDtd::WhitespaceActor* theWhitespace, XpDtd::PiActor* thePi) {
+    const FwTraceScope scope("XpParser::setDtd");
+    const XpDtd* external = theDtd;
+    XpDtd* building = nullptr;  // what has to be implied goes there
+    if (external == nullptr && externalIdM != nullptr) {
+        const bool isComplete = readExternalSubset(theContext);
+        external = ownedDtdM.get();
+        building = isComplete ? nullptr : ownedDtdM.get();
+    }
+    if (internalSubsetM != nullptr) {
+        const bool isComplete = !internalSubsetM->isIncomplete();
+        if (external != nullptr) {
+            try {
+                internalSubsetM->mergeWith(*external, isComplete);
+            } catch (const XpException& error) {
+                fail("merging with external subset: " + error.toString());
+            }
+        }
+        if (building != nullptr || !isComplete) {
+            building = internalSubsetM.get();
+        }
+        external = internalSubsetM.get();
+    }
+    if (external == nullptr) {
+        ownedDtdM = std::make_unique<XpDtd>();
+        external = building = ownedDtdM.get();
+    }
+    contextM = theContext;
+    if (building != nullptr) {
+        activeDtdM = buildingDtdM = building;
+        defaultActorM = theDefaultActor;
+    } else {
+        activeDtdM = external;
+        building = internalSubsetM.get();
+    }
+    if (building != nullptr) {
+        building->setElementActors(theDefaultActor);
+        building->setPcDataActor(thePcData);
+        building->setCdSectionActor(theCdSection);
+        building->setWhitespaceActor(theWhitespace);
+        building->setPiActor(thePi);
+    }
+}
+
+void XpParser::makeRoot() {
+    const XpDtd::Element* root = nullptr;
+    if (doctypeNameM == nullptr) {
+        rootNodeM = std::make_unique<XpDtd::AnyNode>();
+        return;
+    }
+    if (buildingDtdM != nullptr) {
+        XpDtd::Element& element = buildingDtdM->obtainElement(*doctypeNameM);
+        imply(element);
+        root = &element;
+    } else {
+        root = &activeDtdM->obtainElement(*doctypeNameM);
+    }
+    auto node = std::make_unique<XpDtd::FsmNode>();
+    node->addTransition(root, &XpDtd::FsmNode::finalNode());
+    node->freeze();
+    rootNodeM = std::move(node);
+}
+
+void XpParser::parseDocument() {
+    const FwTraceScope scope("XpParser::parseDocument");
+    try {
+        makeRoot();
+    } catch (const XpException& error) {
+        fail("doctype error: " + error.toString());
+    }
+    currentNodeM = rootNodeM.get();
+    lexerM->startDocument();
+    parse();
+}
+
+}  // namespace lumnis
