@@ -16,6 +16,7 @@ namespace lumnis {
 
 class WscCompilerData;
 class WscParser;
+class WscPragmaMeta;
 class WscSimpleNode;
 
 class WscWmlScriptCompiler {
@@ -45,7 +46,7 @@ class WscWmlScriptCompiler {
 
     // Compiles one unit of UTF-8 text, which must live as long as this run's results are read.
     // Returns 1, or 2 with one error record, or 2 and nothing else when theSource is null.
-    // Throws std::bad_alloc alone; the results are then those of a run that has not finished.
+    // Throws std::bad_alloc alone; counts and sizes are then 0, as before the first run.
     int compile(const CpsString* theSource);
 
     // Results of the last run. They stay until the next compile or the destructor.
@@ -75,6 +76,9 @@ class WscWmlScriptCompiler {
 
   private:
     void run(const CpsString& theSource);
+    // Null when the index is out of range.
+    const WscPragmaMeta* metaName(unsigned int theIndex) const;
+    const WscPragmaMeta* metaHttp(unsigned int theIndex) const;
     bool isFinished() const { return (statusM & 4) != 0; }
 
     std::vector<unsigned int> acceptCharsetsM;

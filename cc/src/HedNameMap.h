@@ -1,0 +1,85 @@
+// Names to numbers and numbers to names: the base of the tables of charsets and media types.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "CpsString.h"
+
+namespace lumnis {
+
+struct HedNameRow {
+    std::string_view name;
+    std::int32_t number;
+};
+
+// The tables are made by the compiler and only read: any number of threads may ask at once.
+class HedNameMap {
+  public:
+    static constexpr std::int32_t theUnknownNumber = -1;
+
+    HedNameMap(const HedNameMap&) = delete;
+    HedNameMap& operator=(const HedNameMap&) = delete;
+
+    // The number of a name or an alias, the letters A to Z in either case; -1 for any other text.
+    std::int32_t getNumber(std::string_view theName) const;
+    // The canonical name; the empty string for a number that is not in the table.
+    CpsString getName(std::int32_t theNumber) const;
+
+    // Every name and alias, by name in the order of bytes.
+    std::span<const HedNameRow> names() const { return namesM; }
+    // The canonical name of each number, by number.
+    std::span<const HedNameRow> numbers() const { return numbersM; }
+
+  protected:
+    // Both sorted as the operations above tell. The tables behind the spans outlive the map.
+    constexpr HedNameMap(std::span<const HedNameRow> theNames,
+                         std::span<const HedNameRow> theNumbers)
+        : namesM(theNames), numbersM(theNumbers) {}
+    // Abstract: a table is one of the derived classes.
+    virtual ~HedNameMap() = default;
+
+    // For the tables of the derived classes, which are written in an order for the reader.
+
+    template <std::size_t theSize>
+    static consteval std::array<HedNameRow, theSize> sortedByName(
+        std::array<HedNameRow, theSize> theRows) {
+        std::sort(theRows.begin(), theRows.end(),
+                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
+                      return theLeft.name < theRight.name;
+                  });
+        return theRows;
+    }
+    template <std::size_t theSize>
+    static consteval std::array<HedNameRow, theSize> sortedByNumber(
+        std::array<HedNameRow, theSize> theRows) {
+        std::sort(theRows.begin(), theRows.end(),
+                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
+                      return theLeft.number < theRight.number;
+                  });
+        return theRows;
+    }
+    // Whether no name and no number stands twice in tables sorted as above.
+    static consteval bool haveUniqueNames(std::span<const HedNameRow> theRows) {
+        return std::adjacent_find(theRows.begin(), theRows.end(),
+                                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
+                                      return theLeft.name == theRight.name;
+                                  }) == theRows.end();
+    }
+    static consteval bool haveUniqueNumbers(std::span<const HedNameRow> theRows) {
+        return std::adjacent_find(theRows.begin(), theRows.end(),
+                                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
+                                      return theLeft.number == theRight.number;
+                                  }) == theRows.end();
+    }
+
+  private:
+    const std::span<const HedNameRow> namesM;
+    const std::span<const HedNameRow> numbersM;
+};
+
+}  // namespace lumnis

@@ -1,0 +1,259 @@
+#include "CliBatch.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <new>
+#include <optional>
+
+#include "CliError.h"
+#include "CliInput.h"
+#include "CliOrder.h"
+#include "CliOutput.h"
+#include "CliProgress.h"
+#include "CliText.h"
+
+namespace lumnis {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool isFolder(const std::string& thePath) {
+    std::error_code error;
+    return thePath.ends_with('/') || fs::is_directory(thePath, error);
+}
+
+CliBatchResult failure(const std::string& theName, const std::string& theMessage) {
+    CliBatchResult result;
+    result.diagnostics.push_back({theName, 0, theMessage, {}, {}});
+    return result;
+}
+
+// One input on its way from a worker to the main thread.
+struct Item {
+    CliBatchResult result;
+    CliExit exit = CliExit::success;
+};
+
+class Batch {
+  public:
+    Batch(const CliBatchOptions& theOptions, const CliBatchWork& theWork);
+    CliExit run();
+
+  private:
+    void refuseSharedPaths() const;
+    Item process(std::size_t theIndex) const;
+    void commit(std::size_t theIndex, Item& theItem);
+    void writeSideOutputs();
+    // All that is printed on standard output besides a product.
+    void print(const std::string& theText);
+    void report(const CliDiagnostic& theDiagnostic, CliExit theExit);
+    void reportFile(const CliFileError& theError);
+
+    const CliBatchOptions& optionsM;
+    const CliBatchWork& workM;
+    std::vector<std::string> targetsM;  // one for each input
+    bool isOutputTakenM = false;        // standard output carries a product
+    bool isColouredM = isColourWanted(STDERR_FILENO);
+    std::vector<std::string> sideTextsM;
+    bool hasGoodOneM = false;
+    CliExit exitM = CliExit::success;
+    CliProgress progressM;
+};
+
+Batch::Batch(const CliBatchOptions& theOptions, const CliBatchWork& theWork)
+    : optionsM(theOptions),
+      workM(theWork),
+      sideTextsM(theOptions.sideOutputs.size()),
+      progressM(theOptions.inputs.size()) {
+    if (std::count(optionsM.inputs.begin(), optionsM.inputs.end(), "-") > 1) {
+        throw CliUsageError("\"-\", standard input, can be read only once");
+    }
+    if (optionsM.inputs.size() > 1 && !optionsM.output.empty() &&
+        !isStandardOutput(optionsM.output) && !isFolder(optionsM.output)) {
+        throw CliUsageError("-o " + visibleText(optionsM.output) +
+                            ": several files need a folder, an existing one or a name that ends "
+                            "in \"/\"");
+    }
+    for (const std::string& input : optionsM.inputs) {
+        targetsM.push_back(productPath(optionsM, input));
+    }
+    isOutputTakenM = std::any_of(targetsM.begin(), targetsM.end(), isStandardOutput);
+    refuseSharedPaths();
+}
+
+void Batch::refuseSharedPaths() const {
+    std::map<std::string, std::string> users;  // identity of a file to what it serves for
+    for (const std::string& input : optionsM.inputs) {
+        std::error_code error;
+        if (input != "-" && fs::exists(input, error)) {
+            users.emplace(outputIdentity(input), "the source " + input);
+        }
+    }
+    const auto claim = [&](const std::string& thePath, const std::string& theUse) {
+        if (thePath.empty() || thePath == "-" || namedDescriptor(thePath) >= 0) {
+            return;
+        }
+        const std::string identity = outputIdentity(thePath);
+        if (identity.empty()) {
+            return;
+        }
+        const auto [user, isNew] = users.emplace(identity, theUse);
+        if (!isNew) {
+            throw CliUsageError(
+                visibleText(thePath + ": " + theUse + " would overwrite " + user->second));
+        }
+    };
+    for (std::size_t i = 0; i < targetsM.size(); ++i) {
+        claim(targetsM[i], "the result of " + inputName(optionsM.inputs[i]));
+    }
+    for (const CliSideOutput& side : optionsM.sideOutputs) {
+        claim(side.path, "the text for " + side.option);
+    }
+}
+
+CliExit Batch::run() {
+    progressM.show(0, inputName(optionsM.inputs.front()));
+    runInOrder<Item>(
+        optionsM.inputs.size(), optionsM.jobs,
+        [this](std::size_t theIndex) { return process(theIndex); },
+        [this](std::size_t theIndex, Item& theItem) { commit(theIndex, theItem); });
+    progressM.clear();
+    writeSideOutputs();
+    return exitM;
+}
+
+Item Batch::process(std::size_t theIndex) const {
+    const std::string name = inputName(optionsM.inputs[theIndex]);
+    Item item;
+    try {
+        const CpsString source = readInput(optionsM.inputs[theIndex]);
+        item.result = workM(name, source);
+        if (item.result.isGood && item.result.product.size() > theLargestProduct) {
+            item.result =
+                failure(name, "the result has " + std::to_string(item.result.product.size()) +
+                                  " bytes, and " + std::to_string(theLargestProduct) +
+                                  " are the most that a handset takes");
+        }
+        item.exit = item.result.isGood ? CliExit::success : CliExit::refused;
+    } catch (const CliFileError& error) {
+        item.result = failure(error.getPath(), error.what());
+        item.exit = CliExit::failed;
+    } catch (const std::bad_alloc&) {
+        item.result = failure(name, "not enough memory");
+        item.exit = CliExit::refused;
+    } catch (const std::exception& error) {
+        item.result = failure(name, std::string("internal error: ") + error.what());
+        item.exit = CliExit::refused;
+    }
+    return item;
+}
+
+void Batch::commit(std::size_t theIndex, Item& theItem) {
+    for (const CliDiagnostic& diagnostic : theItem.result.diagnostics) {
+        report(diagnostic, theItem.exit);
+    }
+    if (theItem.result.isGood) {
+        try {
+            const std::string& target = targetsM[theIndex];
+            if (isStandardOutput(target)) {
+                progressM.clear();
+                writeDescriptor(STDOUT_FILENO, theItem.result.product, "standard output");
+            } else {
+                if (optionsM.output.ends_with('/')) {
+                    makeFolder(optionsM.output);
+                }
+                writeOutput(target, theItem.result.product);
+            }
+            print(theItem.result.report);
+            for (std::size_t i = 0; i < sideTextsM.size(); ++i) {
+                if (isStandardOutput(optionsM.sideOutputs[i].path)) {
+                    print(theItem.result.sideTexts[i]);
+                } else {
+                    sideTextsM[i] += theItem.result.sideTexts[i];
+                }
+            }
+            hasGoodOneM = true;
+        } catch (const CliFileError& error) {
+            reportFile(error);
+        }
+    }
+    if (theIndex + 1 < optionsM.inputs.size()) {
+        progressM.show(theIndex + 1, inputName(optionsM.inputs[theIndex + 1]));
+    }
+}
+
+void Batch::writeSideOutputs() {
+    // A run without any result leaves the texts of an earlier one alone.
+    if (!hasGoodOneM) {
+        return;
+    }
+    for (std::size_t i = 0; i < sideTextsM.size(); ++i) {
+        const std::string& path = optionsM.sideOutputs[i].path;
+        if (path.empty() || isStandardOutput(path)) {
+            continue;
+        }
+        try {
+            writeOutput(path, sideTextsM[i]);
+        } catch (const CliFileError& error) {
+            reportFile(error);
+        }
+    }
+}
+
+void Batch::print(const std::string& theText) {
+    if (!theText.empty()) {
+        progressM.clear();
+        writeDescriptor(isOutputTakenM ? STDERR_FILENO : STDOUT_FILENO, theText,
+                        isOutputTakenM ? "standard error" : "standard output");
+    }
+}
+
+void Batch::report(const CliDiagnostic& theDiagnostic, CliExit theExit) {
+    exitM = graver(exitM, theExit);
+    progressM.clear();
+    try {
+        writeDescriptor(STDERR_FILENO,
+                        formatDiagnostic(theDiagnostic, optionsM.errorFormat, isColouredM),
+                        "standard error");
+    } catch (const CliFileError&) {
+        exitM = CliExit::failed;  // there is no other place to tell it
+    }
+}
+
+void Batch::reportFile(const CliFileError& theError) {
+    report({theError.getPath(), 0, theError.what(), {}, {}}, CliExit::failed);
+}
+
+}  // namespace
+
+bool isStandardOutput(const std::string& thePath) {
+    return thePath == "-" || namedDescriptor(thePath) == STDOUT_FILENO;
+}
+
+std::string productPath(const CliBatchOptions& theOptions, const std::string& theInput) {
+    if (theOptions.output.empty()) {
+        return theInput == "-"
+                   ? "-"
+                   : fs::path(theInput).replace_extension(theOptions.extension).string();
+    }
+    if (!isFolder(theOptions.output)) {
+        return theOptions.output;
+    }
+    if (theInput == "-") {
+        throw CliUsageError("-o " + visibleText(theOptions.output) +
+                            ": standard input has no name in a folder; name the file");
+    }
+    const fs::path name = fs::path(theInput).filename().replace_extension(theOptions.extension);
+    return (fs::path(theOptions.output) / name).string();
+}
+
+CliExit runBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWork) {
+    return Batch(theOptions, theWork).run();
+}
+
+}  // namespace lumnis

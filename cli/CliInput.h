@@ -1,0 +1,18 @@
+// Reading a source.
+#pragma once
+
+#include <string>
+
+#include "CpsString.h"
+
+namespace lumnis {
+
+// A whole file or pipe, "-" for standard input, without the UTF-8 byte order mark that editors
+// write in front. May run on any thread. Throws CliFileError; also for more than INT_MAX bytes,
+// as the library counts in int.
+CpsString readInput(const std::string& thePath);
+
+// How messages name thePath: "<stdin>" for "-".
+std::string inputName(const std::string& thePath);
+
+}  // namespace lumnis

@@ -1,0 +1,69 @@
+// lumnis: the command line around the library.
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "CliError.h"
+#include "CliExit.h"
+#include "CliHelp.h"
+#include "CliOutput.h"
+#include "CliText.h"
+#include "CompileCommand.h"
+
+namespace {
+
+using lumnis::CliExit;
+
+constexpr char theExamples[] =
+    "Examples:\n"
+    "  lumnis compile hello.wmls   compiles a script to hello.wmlsc\n"
+    "  lumnis compile --help       tells all about it\n";
+
+int usageError(const std::string& theText) {
+    std::fprintf(stderr, "lumnis: error: %s\n", theText.c_str());
+    return static_cast<int>(CliExit::failed);
+}
+
+int run(int theCount, char** theArguments) {
+    CLI::App app("WMLScript to byte code, as a WAP handset receives it.", "lumnis");
+    app.formatter(lumnis::helpWithExamples(theExamples));
+    app.set_version_flag("--version", "lumnis " LUMNIS_VERSION, "Print the version and exit");
+    app.require_subcommand(1);
+    lumnis::CompileCommand compile;
+    compile.addTo(app);
+    try {
+        app.parse(theCount, theArguments);
+    } catch (const CLI::Success& answer) {
+        // Help or version: CLI11 prints it.
+        app.exit(answer);
+        std::cout.flush();
+        return std::cout.good() ? 0 : usageError("standard output: cannot write");
+    } catch (const CLI::ParseError& error) {
+        std::string text = error.what();
+        if (app.get_subcommands().empty()) {
+            const std::vector<std::string> rest = app.remaining();
+            text = rest.empty() ? "no verb given" : "unknown: " + lumnis::visibleText(rest.front());
+        }
+        text.erase(text.find_last_not_of('\n') + 1);
+        return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
+    }
+    try {
+        return static_cast<int>(compile.run());
+    } catch (const lumnis::CliUsageError& error) {
+        return usageError(error.what());
+    }
+}
+
+}  // namespace
+
+int main(int theCount, char** theArguments) {
+    try {
+        lumnis::prepareOutput();
+        return run(theCount, theArguments);
+    } catch (const std::exception& error) {
+        return usageError(error.what());
+    }
+}

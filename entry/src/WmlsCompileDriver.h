@@ -1,0 +1,39 @@
+// What WMLSCompile runs: one compilation of a script, from the caller's source to a result that
+// malloc has allocated.
+#pragma once
+
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+
+#include "CpsString.h"
+#include "WscWmlScriptCompiler.h"
+
+namespace lumnis {
+
+class WmlsCompileDriver {
+  public:
+    // Not 0: a pragma report goes to standard output after a successful compilation. 0 at first.
+    void setPrintPragmas(int theMode) { printPragmasM = theMode; }
+
+    // Parameters as of WMLSCompile, but for the size, which has 32 bits here. True on success.
+    // A fault of the script leaves its text in *theErrorText. Throws std::bad_alloc.
+    bool run(const char* theSource, int theSourceLength, char** theResult,
+             std::uint32_t& theResultLength, char** theErrorText);
+
+    // Stores theText and a line end behind it, terminated and from malloc, in *theErrorText;
+    // null when there is no memory for it.
+    static void storeErrorText(std::string_view theText, char** theErrorText) noexcept;
+
+    // The "use meta" pragmas of the last compilation, a line each, and an empty line.
+    static void writePragmaReport(const WscWmlScriptCompiler& theCompiler, std::ostream& theStream);
+
+  private:
+    CpsString errorText() const;
+
+    WscWmlScriptCompiler compilerM;
+    int printPragmasM = 0;
+    std::unique_ptr<CpsString> sourceM;
+};
+
+}  // namespace lumnis

@@ -1,0 +1,108 @@
+#include "FwIso2022Kr.h"
+
+#include <algorithm>
+
+#include "FwUtf8Scan.h"
+
+namespace lumnis {
+
+namespace {
+
+// Code page 949 holds KS X 1001 with the top bit set in both bytes; its other double bytes are
+// characters that ISO-2022-KR lacks.
+constexpr FwIconvTable theKoreanTable{"UHC", false};
+constexpr std::string_view theHeader = "\x1B$)C";
+constexpr char theShiftOut = '\x0E';  // to KS X 1001
+constexpr char theShiftIn = '\x0F';   // to ASCII
+constexpr char theKoreanEscape = '\x1B';
+
+bool isKoreanShiftByte(char theByte) {
+    return theByte == theShiftOut || theByte == theShiftIn || theByte == theKoreanEscape;
+}
+
+bool isKsByte(char theByte) {
+    return theByte >= '\x21' && theByte <= '\x7E';
+}
+
+char toggledTopBit(char theByte) {
+    return static_cast<char>(static_cast<unsigned char>(theByte) ^ 0x80);
+}
+
+void shiftKorean(bool isOut, bool& isOutNow, FwConversionSink& theSink) {
+    if (isOut != isOutNow) {
+        theSink.put(isOut ? theShiftOut : theShiftIn);
+        isOutNow = isOut;
+    }
+}
+
+}  // namespace
+
+FwIso2022KrEncoder::FwIso2022KrEncoder() : eucM(theKoreanTable) {}
+
+void FwIso2022KrEncoder::convert(std::string_view theSource, FwConversionSink& theSink) {
+    char* const begin = theSink.atM;
+    bool isOut = false;
+    bool needsHeader = false;
+    while (!theSource.empty() && !theSink.isFullM) {
+        const FwUtf8Step step = fwScanUtf8(theSource);
+        const std::string_view character = theSource.substr(0, step.length);
+        theSource.remove_prefix(step.length);
+        char buffer[8];
+        FwConversionSink euc(buffer);
+        // A shift byte of the text would be taken for one of the encoding.
+        const bool isThere = step.isWellFormed && !isKoreanShiftByte(character[0]) &&
+                             eucM.encodeCharacter(character, euc);
+        if (isThere && euc.size() == 1 && static_cast<unsigned char>(buffer[0]) < 0x80) {
+            shiftKorean(false, isOut, theSink);
+            theSink.put(buffer[0]);
+        } else if (isThere && euc.size() == 2 && isKsByte(toggledTopBit(buffer[0])) &&
+                   isKsByte(toggledTopBit(buffer[1]))) {
+            needsHeader = true;
+            shiftKorean(true, isOut, theSink);
+            theSink.put(toggledTopBit(buffer[0]));
+            theSink.put(toggledTopBit(buffer[1]));
+        } else {
+            shiftKorean(false, isOut, theSink);
+            theSink.substitute(theMissingCharacter);
+        }
+    }
+    shiftKorean(false, isOut, theSink);
+    if (needsHeader) {
+        // Makes room at the start: the header stands in front of all text.
+        char* const end = theSink.atM;
+        theSink.put(theHeader);
+        if (!theSink.isFullM) {
+            std::rotate(begin, end, theSink.atM);
+        }
+    }
+}
+
+FwIso2022KrDecoder::FwIso2022KrDecoder() : eucM(theKoreanTable) {}
+
+void FwIso2022KrDecoder::convert(std::string_view theSource, FwConversionSink& theSink) {
+    bool isOut = false;
+    while (!theSource.empty() && !theSink.isFullM) {
+        if (theSource.starts_with(theHeader)) {
+            theSource.remove_prefix(theHeader.size());
+            continue;
+        }
+        const char byte = theSource[0];
+        std::size_t length = 1;
+        if (byte == theShiftOut || byte == theShiftIn) {
+            isOut = byte == theShiftOut;
+        } else if (byte == theKoreanEscape || static_cast<unsigned char>(byte) >= 0x80) {
+            theSink.substitute(theReplacementCharacter);
+        } else if (!isOut || !isKsByte(byte)) {
+            theSink.put(byte);
+        } else if (theSource.size() > 1 && isKsByte(theSource[1])) {
+            const char euc[] = {toggledTopBit(byte), toggledTopBit(theSource[1])};
+            eucM.convert({euc, 2}, theSink);
+            length = 2;
+        } else {
+            theSink.substitute(theReplacementCharacter);
+        }
+        theSource.remove_prefix(length);
+    }
+}
+
+}  // namespace lumnis

@@ -1,0 +1,31 @@
+// ISO-2022-KR (RFC 1557), code page 50225, in both directions.
+//
+// The header ESC $ ) C stands at the start of a text that has characters of KS X 1001, and only
+// there: a text of ASCII alone needs none, and so never asks for more room than it has bytes.
+#pragma once
+
+#include "FwTableTranscoder.h"
+
+namespace lumnis {
+
+class FwIso2022KrEncoder final : public FwTranscoder {
+  public:
+    FwIso2022KrEncoder();
+
+    void convert(std::string_view theSource, FwConversionSink& theSink) override;
+
+  private:
+    FwTableEncoder eucM;
+};
+
+class FwIso2022KrDecoder final : public FwTranscoder {
+  public:
+    FwIso2022KrDecoder();
+
+    void convert(std::string_view theSource, FwConversionSink& theSink) override;
+
+  private:
+    FwTableDecoder eucM;
+};
+
+}  // namespace lumnis

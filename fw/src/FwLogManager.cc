@@ -1,0 +1,51 @@
+#include "FwLogManager.h"
+
+#include <mutex>
+
+#include "FwHostGuard.h"
+#include "FwNamedMutex.h"
+
+namespace lumnis {
+
+FwLogManager& FwLogManager::instance() {
+    static FwLogManager theManager;
+    return theManager;
+}
+
+FwLogManager::~FwLogManager() {
+    for (const Entry* entry = entriesM.exchange(nullptr); entry != nullptr;) {
+        const Entry* next = entry->next;
+        delete entry;
+        entry = next;
+    }
+}
+
+FwLog* FwLogManager::find(const char* theName) const {
+    for (Entry* entry = entriesM.load(std::memory_order_acquire); entry != nullptr;
+         entry = entry->next) {
+        if (entry->name == theName) {
+            return &entry->log;
+        }
+    }
+    return nullptr;
+}
+
+FwLog* FwLogManager::getLog(const char* theName) {
+    if (FwLog* log = find(theName); log != nullptr) {
+        return log;
+    }
+    const FwHostGuard guard;
+    static std::mutex theCreation;
+    // The mutex between processes orders the announcing of a source to the platform; it may be
+    // missed (see FwNamedMutex.h), so the list has a lock of its own.
+    const FwNamedMutex mutex("FwLogManagerMutex");
+    const std::lock_guard lock(theCreation);
+    if (FwLog* log = find(theName); log != nullptr) {
+        return log;
+    }
+    auto* entry = new Entry(theName, entriesM.load(std::memory_order_relaxed));
+    entriesM.store(entry, std::memory_order_release);
+    return &entry->log;
+}
+
+}  // namespace lumnis

@@ -1,0 +1,32 @@
+#!/bin/sh
+# From a fresh checkout to compiled examples: installs what is missing, builds, compiles every
+# script under examples/ and shows what has come of it.
+set -eu
+cd "$(dirname "$0")/.."
+
+scripts/install-dependencies.sh
+cmake --preset release
+cmake --build --preset release --target lumnis lumnisutil
+
+out=build/release/examples
+build/release/lumnis compile -o $out/ -j 2 examples/scripts/*.wmls
+
+echo
+echo "Scripts and their byte code, in bytes (in $out):"
+printf '    %-20s %8s %10s\n' "" source compiled
+for source in examples/scripts/*.wmls; do
+    name=$(basename "$source" .wmls)
+    printf '    %-20s %8d %10d\n' "$name" "$(wc -c <"$source")" "$(wc -c <"$out/$name.wmlsc")"
+done
+
+echo
+echo "A function of units.wmls, lumnis compile --listing - examples/scripts/units.wmls:"
+build/release/lumnis compile -o $out/ --listing - examples/scripts/units.wmls | tr -d '\r' |
+    sed -n '/^FUNCTION "toBeaufort"/,/^$/ s/^/    /p'
+
+echo "The message for a mistake:"
+printf 'extern function half(n) {\n    return n div 0x;\n}\n' >$out/mistake.wmls
+build/release/lumnis compile $out/mistake.wmls 2>&1 | sed 's/^/    /' || true
+
+echo
+echo "Try it: build/release/lumnis compile --help"

@@ -1,0 +1,66 @@
+/* A host in C: both calls through the shared library, with what they promise about the
+ * out-parameters. */
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "lumnisutil.h"
+
+static int failures = 0;
+
+static void check(int condition, const char* text) {
+    if (!condition) {
+        fprintf(stderr, "fails: %s\n", text);
+        ++failures;
+    }
+}
+
+#define CHECK(condition) check((condition), #condition)
+
+static void compileGood(void) {
+    static const char source[] = "extern function f() { return 1; }";
+    /* Header: version, size 13, no constants, UTF-8. No pragmas, one function, one name. */
+    static const char expected[] =
+        "\x01\x0D\x00\x6A\x00\x01\x01\x00\x01"
+        "f\x00\x00\x02\x15\x3A";
+    char mark = 'm';
+    char* result = NULL;
+    char* error = &mark;
+    unsigned short length = 0;
+    CHECK(WMLSCompile(source, (int)strlen(source), &result, &length, &error) == 0);
+    CHECK(length == sizeof expected - 1);
+    CHECK(result != NULL && memcmp(result, expected, sizeof expected - 1) == 0);
+    CHECK(error == &mark);
+    free(result);
+}
+
+static void compileBad(void) {
+    static const char source[] = "extern function f() {\n\n return }";
+    char mark = 'm';
+    char* result = &mark;
+    char* error = NULL;
+    unsigned short length = 4711;
+    CHECK(WMLSCompile(source, (int)strlen(source), &result, &length, &error) == 1);
+    CHECK(error != NULL &&
+          strcmp(error, "\nCompilation error: \nError at line: 3. \r\nparse error\n") == 0);
+    CHECK(result == &mark && length == 4711);
+    free(error);
+}
+
+/* No deck can be encoded yet: a failure that writes nothing. */
+static void encode(void) {
+    static const char source[] = "<wml><card/></wml>";
+    char mark = 'm';
+    char* result = &mark;
+    char* error = &mark;
+    unsigned short length = 4711;
+    CHECK(WMLEncode(source, (int)strlen(source), &result, &length, &error) == 1);
+    CHECK(result == &mark && error == &mark && length == 4711);
+}
+
+int main(void) {
+    compileGood();
+    compileBad();
+    encode();
+    return failures == 0 ? 0 : 1;
+}

@@ -1,0 +1,231 @@
+// Context of one compilation. The actions of the syntax tree register pragmas, functions,
+// variables and constants here and emit instructions; at the end it writes the byte-code file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <iosfwd>
+#include <memory>
+#include <memory_resource>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "CpsString.h"
+#include "WscFunctionCode.h"
+#include "WscFunctionInfo.h"
+#include "WscLiteralInfo.h"
+#include "WscName.h"
+#include "WscOpcode.h"
+#include "WscPragmaInfo.h"
+#include "WscPragmaMeta.h"
+#include "WscWmlScriptError.h"
+
+namespace lumnis {
+
+class CcCharsetConverter;
+
+class WscCompilerData {
+  public:
+    // theDebugStream receives the line number of every DEBUG instruction, and debug mode is on
+    // when there is one; theListingStream receives the listing. Neither is owned. The charsets
+    // (MIBenum numbers) are those that the caller accepts for the output, most wanted first.
+    WscCompilerData(std::ostream* theDebugStream, std::ostream* theListingStream,
+                    std::vector<unsigned int> theAcceptCharsets, bool theOptimizeMode,
+                    std::uint8_t theMajorVersion, std::uint8_t theMinorVersion);
+    WscCompilerData(const WscCompilerData&) = delete;
+    WscCompilerData& operator=(const WscCompilerData&) = delete;
+    virtual ~WscCompilerData();
+
+    // Errors and results.
+
+    void addError(int theCode, const CpsString& theMessage);
+    const std::vector<WscWmlScriptError>& getErrors() const noexcept { return errorsM; }
+    const std::vector<WscPragmaMeta>& getPragmaMetaName() const noexcept { return metaNamesM; }
+    const std::vector<WscPragmaMeta>& getPragmaMetaHttp() const noexcept { return metaHttpsM; }
+    unsigned int getSelectedOutCharSet() const noexcept { return selectedCharsetM; }
+    bool getDebugMode() const noexcept { return debugStreamM != nullptr; }
+    const CpsString& getByteCode() const noexcept { return byteCodeM; }
+    unsigned int getByteCodeSize() const noexcept { return byteCodeM.length(); }
+
+    // Pragmas. The order in which they add their constants decides the constants' indices.
+
+    bool hasPragmaAccessDomain() const noexcept { return hasAccessDomainM; }
+    bool hasPragmaAccessPath() const noexcept { return hasAccessPathM; }
+    // False, and nothing added, when theName is taken.
+    bool addPragmaURL(const WscName& theName, const CpsString& theUrl);
+    // Constant index of the URL, or -1.
+    int searchUrlConst(const WscName& theName) const;
+    void addPragmaAccessDomain(const CpsString& theDomain);
+    void addPragmaAccessPath(const CpsString& thePath);
+    void addPragmaAccessDomainPath(const CpsString& theDomain, const CpsString& thePath);
+    // The two kinds of meta pragma that never reach the file.
+    void addPragmaMetaName(const CpsString& theProperty, const CpsString& theContent,
+                           const CpsString& theScheme);
+    void addPragmaMetaHttp(const CpsString& theProperty, const CpsString& theContent,
+                           const CpsString& theScheme);
+    void addPragmaMetaUserAgent(const CpsString& theProperty, const CpsString& theContent,
+                                const CpsString& theScheme);
+
+    // Functions. Numbers count from 0 in order of addition.
+
+    // The function's number, or -1 when theName is taken.
+    int addFunction(const WscName& theName, std::uint8_t theNoOfArgs, bool isExported);
+    unsigned getNoOfFunctions() const noexcept { return static_cast<unsigned>(functionsM.size()); }
+    // Number, or number of arguments, or -1.
+    int searchFunctionNo(const WscName& theName) const;
+    int searchFunctionArgs(const WscName& theName) const;
+
+    // Variables of the current function. The numbers that they answer stop at 255, the largest
+    // that an instruction holds: a function with more variables is refused at its end.
+
+    // The variable's number, or -1 when theName is taken.
+    int addVariable(const WscName& theName);
+    int searchVariable(const WscName& theName) const;
+    unsigned getNoOfVariables() const noexcept { return static_cast<unsigned>(variablesM.size()); }
+
+    // Constants. Each answers the index of the constant, the old one when an equal constant is
+    // there. The indices stop at 65535: a unit with more constants is refused at its end.
+
+    int addIntConst(std::int32_t theValue);
+    int addFloatConst(float theValue);
+    int addStringConst(const CpsString& theText);
+    int addUtf8Const(const CpsString& theText);
+    unsigned getNoOfConstants() const noexcept { return static_cast<unsigned>(constantsM.size()); }
+
+    // Labels are unique in the unit.
+
+    int newLabel() noexcept { return static_cast<int>(nextLabelM++); }
+    void pushLoopLabels(int theContinueLabel, int theBreakLabel);
+    void popLoopLabels() { loopLabelsM.pop_back(); }
+    // Of the innermost loop; -1 outside of loops.
+    int getContinueLabel() const noexcept;
+    int getBreakLabel() const noexcept;
+
+    // Emission. Operands out of the range of their encoding are an internal error
+    // (std::runtime_error): what a source can bring has been tested or stops at the range.
+
+    // Begins a function: forgets code and variables of the one before.
+    void startFunctionCode();
+    // Ends the function theName, which has theNoOfVariables parameters and variables together:
+    // optimizes the code, fixes the jumps, writes the body. Returns the size of the code in
+    // bytes, or -1 when a jump is too long.
+    std::int64_t stopFunctionCode(const WscName& theName, unsigned theNoOfVariables);
+
+    // An instruction of the opcode alone.
+    void generate(WscOpcode theOpcode);
+    // theOperator: token of a binary operator.
+    void generateOperator(int theOperator);
+    void generateAddAssign(int theVarNo);
+    void generateSubAssign(int theVarNo);
+    void generateLoadVar(int theVarNo);
+    void generateStoreVar(int theVarNo);
+    void generateIncrVar(int theVarNo);
+    void generateDecrVar(int theVarNo);
+    // Nothing unless debug mode is on.
+    void generateDebug(int theLineNumber);
+    void generateInvalid() { generate(WscOpcode::ConstInvalid); }
+    void generateToBool() { generate(WscOpcode::Tobool); }
+    void generateBoolean(bool theValue);
+    void generateString(const CpsString& theText);
+    void generateInteger(std::int32_t theValue);
+    void generateFloat(float theValue);
+    void generateLoadConst(int theConstNo);
+    void generateLocalCall(int theFuncNo);
+    // theArgumentCount up to 255.
+    void generateExternalCall(int theUrlNo, int theFuncNo, unsigned theArgumentCount);
+    // False, and nothing emitted, when there is no such function with so many arguments.
+    bool generateLibraryCall(const CpsString& theLibrary, const CpsString& theFunction,
+                             unsigned theArgumentCount);
+    void generateJump(int theLabel);
+    void generateTJump(int theLabel);
+    void generateLabel(int theLabel);
+
+    // The end of the unit, once each and in this order.
+
+    // Chooses the charset of the strings: the first accepted one that carries all of them, else
+    // the first of all, with escapes. Returns it. Throws CCException when there is no converter.
+    unsigned int selectOutEncoding();
+    void writeByteCode();
+
+    // Name of an opcode. Throws std::runtime_error for a number that is none.
+    static CpsString instrName(WscOpcode theOpcode);
+
+  private:
+    struct LoopLabels {
+        int continueLabel;
+        int breakLabel;
+    };
+    // What belongs to each name of the source, by the name's number; -1 for nothing.
+    class NameMap {
+      public:
+        int find(const WscName& theName) const noexcept {
+            return theName.number < valuesM.size() ? valuesM[theName.number] : -1;
+        }
+        // False when theName has a value already.
+        bool add(const WscName& theName, int theValue);
+        void clear() noexcept;
+        std::size_t size() const noexcept { return namesM.size(); }
+
+      private:
+        std::vector<int> valuesM;
+        std::vector<unsigned> namesM;  // those that have a value
+    };
+    template <class Key>
+    using ConstMap = std::pmr::unordered_map<Key, int>;
+
+    template <class Literal, class Key, class Value>
+    int addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue);
+    template <class Literal>
+    int addText(ConstMap<std::string_view>& theKnown, const CpsString& theText);
+    int nextConstIndex() const noexcept;
+    template <class Instruction, class... Operands>
+    void emit(WscOpcode theOpcode, Operands... theOperands);
+    void emitWithVariable(WscOpcode theOpcode, int theVarNo);
+    // The constants that the charset concerns, by index.
+    std::vector<WscLiteralStringExtern*> externStrings() const;
+    void dropClosingReturn();
+    void writeFunction(const WscFunctionInfo& theFunction, unsigned theNoOfVariables,
+                       std::uint32_t theCodeSize);
+    void writeListing(const WscFunctionInfo& theFunction);
+
+    std::ostream* debugStreamM;
+    std::ostream* listingStreamM;
+    bool optimizeModeM;
+    std::uint8_t majorVersionM;
+    std::uint8_t minorVersionM;
+    std::vector<unsigned int> acceptCharsetsM;
+    unsigned int selectedCharsetM;
+
+    std::vector<WscWmlScriptError> errorsM;
+    std::vector<WscPragmaMeta> metaNamesM;
+    std::vector<WscPragmaMeta> metaHttpsM;
+    std::vector<LoopLabels> loopLabelsM;  // the innermost last
+
+    NameMap variablesM;                       // of the current function
+    std::vector<WscFunctionInfo> functionsM;  // by number
+    NameMap functionNumbersM;
+    std::vector<std::uint8_t> exportedFunctionsM;  // numbers, in order of registration
+    std::vector<std::unique_ptr<WscPragmaInfo>> pragmasM;
+    NameMap urlNamesM;
+    bool hasAccessDomainM = false;
+    bool hasAccessPathM = false;
+
+    std::vector<std::unique_ptr<WscLiteralInfo>> constantsM;  // by index
+    // The index of each constant by its value; a text looks at its constant's own.
+    std::pmr::monotonic_buffer_resource mapMemoryM;
+    ConstMap<std::int32_t> intConstantsM{&mapMemoryM};
+    ConstMap<float> floatConstantsM{&mapMemoryM};
+    ConstMap<std::string_view> stringConstantsM{&mapMemoryM};
+    ConstMap<std::string_view> utf8ConstantsM{&mapMemoryM};
+
+    std::uint32_t nextLabelM = 0;
+    std::uint32_t firstLabelM = 0;  // of the current function
+    WscFunctionCode codeM;
+
+    CpsString functionBufferM;                              // finished bodies
+    CpsString byteCodeM;                                    // the file
+    std::unique_ptr<CcCharsetConverter> charsetConverterM;  // made on first need
+};
+
+}  // namespace lumnis

@@ -1,0 +1,29 @@
+// A "use meta name" or "use meta http equiv" pragma. It tells the origin server something and
+// never stands in the byte code; the compiler hands it to its caller.
+#pragma once
+
+#include <utility>
+
+#include "CpsString.h"
+
+namespace lumnis {
+
+class WscPragmaMeta {
+  public:
+    WscPragmaMeta(CpsString thePropertyName, CpsString theContent, CpsString theScheme = {})
+        : propertyNameM(std::move(thePropertyName)),
+          contentM(std::move(theContent)),
+          schemeM(std::move(theScheme)) {}
+
+    const CpsString& getPropertyName() const noexcept { return propertyNameM; }
+    const CpsString& getContent() const noexcept { return contentM; }
+    // Empty when the pragma has none.
+    const CpsString& getScheme() const noexcept { return schemeM; }
+
+  private:
+    CpsString propertyNameM;
+    CpsString contentM;
+    CpsString schemeM;
+};
+
+}  // namespace lumnis

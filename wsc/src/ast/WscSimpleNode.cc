@@ -1,0 +1,124 @@
+#include "WscSimpleNode.h"
+
+#include <array>
+#include <ostream>
+#include <utility>
+#include <vector>
+
+#include "WscCompilerException.h"
+
+namespace lumnis {
+
+namespace {
+
+// By type number; the names of all levels of operators are one.
+// clang-format off
+constexpr std::array<std::string_view, 51> theNodeNames = {
+    "void", "Literal", "Identifier", "Expression", "CallExpression", "LocalScriptFunctionCall",
+    "ExternalScriptFunctionCall", "LibraryFunctionCall", "ArgumentList", "Operator",
+    "PostfixExpression", "UnaryExpression", "BinaryExpressionSequence", "AndExpressionSequence",
+    "OrExpressionSequence", "ConditionalExpression", "AssignmentExpression", "ExpressionList",
+    "Statement", "Block", "StatementList", "VariableDeclaration", "Empty", "IfStatement",
+    "WhileStatement", "ForStatement", "ContinueStatement", "BreakStatement", "ReturnStatement",
+    "FunctionDeclaration", "FormalParameterList", "Extern", "CompilationUnit", "Pragmas",
+    "FunctionDeclarations", "ExternalCompilationUnitPragma", "AccessControlPublic",
+    "AccessControlDomain", "AccessControlPath", "AccessControlDomainPath", "MetaName",
+    "MetaHttpEquiv", "MetaUserAgent", "BinaryExpressionSequence", "BinaryExpressionSequence",
+    "BinaryExpressionSequence", "BinaryExpressionSequence", "BinaryExpressionSequence",
+    "BinaryExpressionSequence", "BinaryExpressionSequence", "BinaryExpressionSequence"
+};
+// clang-format on
+static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::Statement)] == "Statement");
+static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::MetaUserAgent)] ==
+              "MetaUserAgent");
+
+}  // namespace
+
+void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
+    std::vector<WscActionFrame> begun;
+    begun.push_back({this});
+    while (!begun.empty()) {
+        WscActionFrame& frame = begun.back();
+        const WscSimpleNode* next = frame.node->semanticAction(theData, frame);
+        ++frame.step;
+        if (next != nullptr) {
+            begun.push_back({next});
+        } else {
+            begun.pop_back();
+        }
+    }
+}
+
+void WscSimpleNode::dump(const CpsString& thePrefix, std::ostream& theStream,
+                         std::ostream& theConsole) const {
+    // The nodes on the way down from here. One prefix serves them all: it grows with the way.
+    std::vector<const WscSimpleNode*> path;
+    CpsString prefix(thePrefix);
+    for (const WscSimpleNode* node = this; node != nullptr;) {
+        CpsString line = node->addPrefix(prefix) + node->getDumpText();
+        line += '\n';
+        theStream.write(line.data(), line.length());
+        theConsole.write(line.data(), line.length());
+        if (node->lastChildM != nullptr) {
+            path.push_back(node);
+            prefix += ' ';
+            node = node->getFirstChild();
+            continue;
+        }
+        const WscSimpleNode* next = nullptr;
+        while (!path.empty() && next == nullptr) {
+            next = path.back()->getNextChild(node);
+            if (next == nullptr) {
+                node = path.back();
+                path.pop_back();
+                prefix.erase(prefix.length() - 1, 1);
+            }
+        }
+        node = next;
+    }
+    theStream.flush();
+    theConsole.flush();
+}
+
+CpsString WscSimpleNode::getNodeName() const {
+    return theNodeNames[static_cast<std::size_t>(nodeTypeM)];
+}
+
+void WscSimpleNode::addChild(WscSimpleNode* theChild) noexcept {
+    if (lastChildM == nullptr) {
+        theChild->nextSiblingM = theChild;
+    } else {
+        theChild->nextSiblingM = lastChildM->nextSiblingM;
+        lastChildM->nextSiblingM = theChild;
+    }
+    lastChildM = theChild;
+}
+
+const WscSimpleNode* WscSimpleNode::getChild(unsigned theIndex) const noexcept {
+    const WscSimpleNode* child = getFirstChild();
+    while (theIndex-- != 0) {
+        child = child->nextSiblingM;
+    }
+    return child;
+}
+
+unsigned WscSimpleNode::getNumChildren() const noexcept {
+    unsigned count = 0;
+    for (const WscSimpleNode* child = getFirstChild(); child != nullptr;
+         child = getNextChild(child)) {
+        ++count;
+    }
+    return count;
+}
+
+const WscSimpleNode* WscSimpleNode::nextChild(WscActionFrame& theFrame) const noexcept {
+    theFrame.currentChild =
+        theFrame.currentChild == nullptr ? getFirstChild() : getNextChild(theFrame.currentChild);
+    return theFrame.currentChild;
+}
+
+void WscSimpleNode::fail(const CpsString& theMessage) const {
+    throw WscCompilerException(lineNumberM, theMessage);
+}
+
+}  // namespace lumnis
