@@ -1,0 +1,9 @@
+#include "XaOutput.h"
+
+namespace lumnis {
+
+XaOutput::XaOutput(const CpsString& theDoctype) : doctypeM(theDoctype) {}
+
+XaOutput::~XaOutput() = default;
+
+}  // namespace lumnis
