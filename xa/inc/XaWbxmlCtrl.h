@@ -70,7 +70,7 @@ class XaWbxmlCtrl {
     void addPcData(std::string_view theText) { pcDataM += theText; }
     virtual void flushPcData();
     // Applies the trimming mode.
-    void trimSpace(CpsString& theText) const;
+    void trimSpace(std::string& theText) const;
 
     // Notes whether the element that has just begun has no content, so that its end writes no END.
     // Returns what was noted before. A begin sets it, the end asks by resetting it.
@@ -104,7 +104,7 @@ class XaWbxmlCtrl {
     const HedCharsetId charsetM;
     CpsString convertedM;
     bool emptyContentM = false;
-    CpsString pcDataM;
+    std::string pcDataM;
     const int trimModeM;
     unsigned tagPageM = 0;
     unsigned attrPageM = 0;
