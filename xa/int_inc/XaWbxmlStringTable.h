@@ -26,8 +26,14 @@ class XaWbxmlCtrl::StringTable {
         std::uint32_t count = 0;            // occurrences as a string of the body
         std::int64_t offset = theNoOffset;  // in the table, or theNoOffset
     };
+    // Ordered by hash first: most comparisons need no look at the bytes, and texts that were made
+    // to share a hash cost no more than in a map by bytes.
+    struct Key {
+        std::size_t hash;
+        CpsString text;
+    };
     // Stays where it is as long as the table lives.
-    using Entry = std::pair<const CpsString, Usage>;
+    using Entry = std::pair<const Key, Usage>;
 
     StringTable() = default;
     StringTable(const StringTable&) = delete;
@@ -46,15 +52,22 @@ class XaWbxmlCtrl::StringTable {
     CpsString getLength() const;
 
   private:
-    struct ByBytes {
+    struct KeyView {
+        std::size_t hash;
+        std::string_view text;
+    };
+    struct Less {
         using is_transparent = void;
-        bool operator()(std::string_view theLeft, std::string_view theRight) const noexcept {
-            return theLeft < theRight;
+        template <typename Left, typename Right>
+        bool operator()(const Left& theLeft, const Right& theRight) const noexcept {
+            return theLeft.hash != theRight.hash
+                       ? theLeft.hash < theRight.hash
+                       : std::string_view(theLeft.text) < std::string_view(theRight.text);
         }
     };
 
     std::string contentM;
-    std::map<CpsString, Usage, ByBytes> usageM;
+    std::map<Key, Usage, Less> usageM;
 };
 
 // A slot of the body: the string that belongs in front of the byte at position.

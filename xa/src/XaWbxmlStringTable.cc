@@ -10,29 +10,32 @@
 // the string.
 #include "XaWbxmlStringTable.h"
 
+#include <functional>
+
 #include "XaMbUInt.h"
 
 namespace lumnis {
 
 XaWbxmlCtrl::StringTable::Entry& XaWbxmlCtrl::StringTable::obtainEntry(std::string_view theString) {
-    const auto place = usageM.lower_bound(theString);
-    if (place != usageM.end() && place->first == theString) {
+    const KeyView key{std::hash<std::string_view>()(theString), theString};
+    const auto place = usageM.lower_bound(key);
+    if (place != usageM.end() && place->first.hash == key.hash && place->first.text == key.text) {
         return *place;
     }
-    return *usageM.try_emplace(place, theString);
+    return *usageM.try_emplace(place, Key{key.hash, key.text});
 }
 
 std::uint32_t XaWbxmlCtrl::StringTable::addString(Entry& theEntry) {
     Usage& usage = theEntry.second;
     if (usage.offset == Usage::theNoOffset) {
         usage.offset = static_cast<std::int64_t>(contentM.size());
-        contentM += theEntry.first.view();
+        contentM += theEntry.first.text.view();
     }
     return static_cast<std::uint32_t>(usage.offset);
 }
 
 bool XaWbxmlCtrl::StringTable::conditionalAddString(Entry& theEntry, std::string& theOutput) {
-    const std::string_view string = theEntry.first.view();
+    const std::string_view string = theEntry.first.text.view();
     const Usage& usage = theEntry.second;
     const bool isNew = usage.offset == Usage::theNoOffset;
     const XaMbUInt offset(isNew ? static_cast<std::uint32_t>(contentM.size())
