@@ -55,6 +55,7 @@ WmlEncodeDriver::Outcome WmlEncodeDriver::encode(std::string_view theSource) {
     errorTextM.clear();
     errorMessageM.clear();
     errorLineM = 0;
+    WmlDirector::init();
     XaWbxmlDirector::init();
 
     CpsString document;

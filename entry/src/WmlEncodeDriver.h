@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "CpsString.h"
+#include "WmlDirector.h"
 #include "XaOutput.h"
 
 namespace lumnis {
@@ -54,7 +55,7 @@ class WmlEncodeDriver {
 
     CpsString inputCharsetM = "ISO-8859-1";
     CpsString outputCharsetM = "UTF-8";
-    int mediaTypeM = 8;  // text/vnd.wap.wml
+    int mediaTypeM = WmlDirector::theWmlMediaType;
     CpsString outputM;
     int outputMediaTypeM = 0;
     std::unique_ptr<XaOutput> runOutputM;
