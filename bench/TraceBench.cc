@@ -1,8 +1,9 @@
-// What the trace scopes cost while the trace is off: one script through the library as it is and
-// through the same library with the scopes compiled to nothing, in turns.
+// What the trace scopes cost while the trace is off: one script through the compiler as it is and
+// through the same compiler with the scopes compiled to nothing, in turns.
 #include <benchmark/benchmark.h>
 #include <dlfcn.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -15,11 +16,11 @@
 namespace lumnis::bench {
 namespace {
 
-using Compile = int (*)(const char*, int, char**, unsigned short*, char**);
+using Compile = int (*)(const char*, std::size_t);
 
 Compile load(const char* thePath) {
     void* library = dlopen(thePath, RTLD_NOW | RTLD_LOCAL);
-    void* symbol = library == nullptr ? nullptr : dlsym(library, "WMLSCompile");
+    void* symbol = library == nullptr ? nullptr : dlsym(library, "compileScript");
     if (symbol == nullptr) {
         std::fprintf(stderr, "%s\n", dlerror());
         std::exit(1);
@@ -28,15 +29,10 @@ Compile load(const char* thePath) {
 }
 
 void compileOnce(Compile theCompile, const std::string& theSource) {
-    char* result = nullptr;
-    char* error = nullptr;
-    unsigned short length = 0;
-    if (theCompile(theSource.data(), static_cast<int>(theSource.size()), &result, &length,
-                   &error) != 0) {
-        std::fprintf(stderr, "refused: %s\n", error == nullptr ? "" : error);
+    if (theCompile(theSource.data(), theSource.size()) != 1) {
+        std::fprintf(stderr, "the script is refused\n");
         std::exit(1);
     }
-    std::free(result);
 }
 
 std::vector<std::string> registerAll() {
@@ -45,8 +41,8 @@ std::vector<std::string> registerAll() {
         const char* name;
         Compile compile;
     };
-    const Variant variants[] = {{"without scopes", load(UNTRACED_LIBRARY)},
-                                {"with scopes, trace off", load(LIBRARY)}};
+    const Variant variants[] = {{"without scopes", load(UNTRACED)},
+                                {"with scopes, trace off", load(TRACED)}};
     for (const std::size_t size : {300u, 6000u, 64000u}) {
         const std::string source = makeProgram(Dialect::WmlScript, size);
         for (const Variant& variant : variants) {

@@ -1,8 +1,11 @@
 // The two calls of the library. Nothing thrown passes beyond this file.
 #include <cstdint>
+#include <cstdio>
+#include <exception>
 #include <new>
 
 #include "FwTraceScope.h"
+#include "WmlEncodeDriver.h"
 #include "WmlsCompileDriver.h"
 #include "lumnisutil.h"
 
@@ -13,10 +16,54 @@ constexpr int theFailure = 1;
 // The size goes out in 16 bits, and 65535 has always been refused.
 constexpr std::uint32_t theMaxResultLength = 65534;
 
+bool isSource(const char* theSource, int theLength) {
+    return theLength == 0 || (theLength > 0 && theSource != nullptr);
+}
+
+int storeLength(std::uint32_t theLength, unsigned short* theResultLength) {
+    if (theLength == 0 || theLength > theMaxResultLength) {
+        return theFailure;
+    }
+    *theResultLength = static_cast<unsigned short>(theLength);
+    return theSuccess;
+}
+
+// Without memory of its own: it may be the lack of memory that it tells of.
+void storeStandardException(const std::exception& theError, char** theErrorText) {
+    char text[256];
+    std::snprintf(text, sizeof text, "standard exception: %s\n", theError.what());
+    lumnis::WmlEncodeDriver::storeErrorText(text, theErrorText);
+}
+
 }  // namespace
 
-int WMLEncode(const char*, int, char**, unsigned short*, char**) {
-    return theFailure;
+int WMLEncode(const char* source, int sourceLength, char** result, unsigned short* resultLength,
+              char** errorText) {
+    using lumnis::WmlEncodeDriver;
+    lumnis::FwTraceScope scope("WMLEncode");
+    if (result == nullptr || resultLength == nullptr || errorText == nullptr) {
+        return theFailure;
+    }
+    if (!isSource(source, sourceLength)) {
+        WmlEncodeDriver::storeErrorText("There is no source.\n", errorText);
+        return theFailure;
+    }
+    std::uint32_t size = 0;
+    try {
+        WmlEncodeDriver driver;
+        if (!driver.run({source, static_cast<std::size_t>(sourceLength)}, result, size,
+                        errorText)) {
+            return theFailure;
+        }
+    } catch (const std::exception& error) {
+        // In front of the document or behind it; the driver itself words what a document causes.
+        storeStandardException(error, errorText);
+        return theFailure;
+    } catch (...) {
+        WmlEncodeDriver::storeErrorText("undefined exception\n", errorText);
+        return theFailure;
+    }
+    return storeLength(size, resultLength);
 }
 
 int WMLSCompile(const char* source, int sourceLength, char** result, unsigned short* resultLength,
@@ -26,7 +73,7 @@ int WMLSCompile(const char* source, int sourceLength, char** result, unsigned sh
     if (result == nullptr || resultLength == nullptr || errorText == nullptr) {
         return theFailure;
     }
-    if (sourceLength < 0 || (source == nullptr && sourceLength != 0)) {
+    if (!isSource(source, sourceLength)) {
         WmlsCompileDriver::storeErrorText("\nOther error: \nThere is no source.", errorText);
         return theFailure;
     }
@@ -43,9 +90,5 @@ int WMLSCompile(const char* source, int sourceLength, char** result, unsigned sh
         WmlsCompileDriver::storeErrorText("\nOther error: \nInternal error.", errorText);
         return theFailure;
     }
-    if (size == 0 || size > theMaxResultLength) {
-        return theFailure;
-    }
-    *resultLength = static_cast<unsigned short>(size);
-    return theSuccess;
+    return storeLength(size, resultLength);
 }

@@ -1,0 +1,67 @@
+// What WMLEncode runs: the encoding of one document, from the caller's source to a result that
+// malloc has allocated.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "CpsString.h"
+#include "WmlDirector.h"
+#include "XaOutput.h"
+
+namespace lumnis {
+
+class WmlEncodeDriver {
+  public:
+    enum class Outcome {
+        ENCODED,
+        NOT_CONVERTIBLE,  // the source, from its charset to UTF-8
+        REFUSED           // the document, or what went wrong with it
+    };
+
+    // The settings at first are those of WMLEncode. Charsets by their names in HedCharsetMap, the
+    // media type of the source by its number in HedMediaTypeMap.
+    void setInputCharset(std::string_view theName) { inputCharsetM = theName; }
+    void setOutputCharset(std::string_view theName) { outputCharsetM = theName; }
+    void setMediaType(int theMediaType) { mediaTypeM = theMediaType; }
+
+    // Encodes one document. Throws std::bad_alloc and CCException from in front of the document;
+    // whatever goes wrong with the document itself is an outcome.
+    Outcome encode(std::string_view theSource);
+    // Of the latest encode. The output is empty unless it was encoded.
+    const CpsString& getOutput() const { return outputM; }
+    int getOutputMediaType() const { return outputMediaTypeM; }
+    // What else the run has returned; null unless it was encoded.
+    XaOutput* getRunOutput() const { return runOutputM.get(); }
+    // The text of the failure: the converter's, or the message as WMLEncode frames it.
+    const CpsString& getErrorText() const { return errorTextM; }
+    // The same as it came, without frame, and its line, 0 if it has none.
+    const CpsString& getErrorMessage() const { return errorMessageM; }
+    unsigned getErrorLine() const { return errorLineM; }
+
+    // Parameters as of WMLEncode, but for the size, which has 32 bits here. True on success. A
+    // refused document leaves an empty block in *theResult and its text in *theErrorText.
+    bool run(std::string_view theSource, char** theResult, std::uint32_t& theResultLength,
+             char** theErrorText);
+
+    // Stores theText in the buffer of this thread and its address in *theErrorText. It is cut in
+    // front of the character that does not fit, and stays until the next call.
+    static void storeErrorText(std::string_view theText, char** theErrorText) noexcept;
+
+  private:
+    void process(const CpsString& theDocument);
+    void refuse(std::string_view thePrefix, const char* theMessage, std::string_view theSuffix);
+
+    CpsString inputCharsetM = "ISO-8859-1";
+    CpsString outputCharsetM = "UTF-8";
+    int mediaTypeM = WmlDirector::theWmlMediaType;
+    CpsString outputM;
+    int outputMediaTypeM = 0;
+    std::unique_ptr<XaOutput> runOutputM;
+    CpsString errorTextM;
+    CpsString errorMessageM;
+    unsigned errorLineM = 0;
+};
+
+}  // namespace lumnis

@@ -1,0 +1,132 @@
+#include "WmlDirector.h"
+
+#include <iterator>
+
+#include "FwTraceScope.h"
+#include "WmlDtdTexts.h"
+#include "WmlTagActors.h"
+#include "WtaWmlCtrl.h"
+#include "XaProducer.h"
+
+namespace lumnis {
+
+// What a public identifier decides. The version byte of WBXML is that of its first version that
+// has a number for the identifier; with an internal subset a document is not of the known type
+// any more, and its identifier is 1, the unknown one (WBXML 1.3, 5.4 and 7.2).
+struct WmlDirector::DocumentType {
+    unsigned char version;
+    unsigned char versionWithSubset;
+    unsigned char publicId;  // 0: the identifier stands in the string table
+    const XpDtd* dtd;        // null: not a known type
+};
+
+void WmlDirector::init() {
+    static WmlDirector theInstance;
+}
+
+WmlDirector::WmlDirector()
+    : wml11IdM("-//WAPFORUM//DTD WML 1.1//EN"),
+      wml12IdM("-//WAPFORUM//DTD WML 1.2//EN"),
+      wml13IdM("-//WAPFORUM//DTD WML 1.3//EN"),
+      wtaWml12IdM("-//WAPFORUM//DTD WTA-WML 1.2//EN"),
+      wmlTokenizerM(false),
+      wtaWmlTokenizerM(true) {
+    const FwTraceScope scope("WmlDirector::WmlDirector");
+    setupDtd(theWml11DtdText, wml11DtdM);
+    setupDtd(theWml12DtdText, wml12DtdM);
+    setupDtd(theWml13DtdText, wml13DtdM);
+    setupDtd(theWtaWml12DtdText, wtaWml12DtdM);
+    setupWml11Actors();
+    setupWml12Actors();
+    setupWml13Actors();
+    setupWtaWml12Actors();
+    // Last, so that another thread never finds a half-made director in the registry.
+    XaProducer::instance().registerDirector(this, nullptr, theWmlMediaType);
+    XaProducer::instance().registerDirector(this, nullptr, theWtaWmlMediaType);
+}
+
+WmlDirector::~WmlDirector() = default;
+
+void WmlDirector::setupWml11Actors() {
+    setupActors(wml11DtdM, 1, wmlTokenizerM);
+}
+void WmlDirector::setupWml12Actors() {
+    setupActors(wml12DtdM, 2, wmlTokenizerM);
+}
+void WmlDirector::setupWml13Actors() {
+    setupActors(wml13DtdM, 3, wmlTokenizerM);
+}
+void WmlDirector::setupWtaWml12Actors() {
+    setupActors(wtaWml12DtdM, 2, wtaWmlTokenizerM);
+}
+
+void WmlDirector::setupActors(XpDtd& theDtd, int theVersion, WmlTokenizer& theTokenizer) {
+    auto actors = makeWmlTagActors(theDtd, theVersion);
+    actorsM.insert(actorsM.end(), std::make_move_iterator(actors.begin()),
+                   std::make_move_iterator(actors.end()));
+    theDtd.setPcDataActor(&pcDataActorM);
+    theDtd.setCdSectionActor(&cdSectionActorM);
+    theDtd.setPiActor(&theTokenizer);
+}
+
+WmlDirector::DocumentType WmlDirector::findDocumentType(std::string_view thePublicId) const {
+    if (thePublicId.empty()) {
+        return {1, 1, 1, nullptr};
+    }
+    if (wml11IdM == thePublicId) {
+        return {1, 1, 4, &wml11DtdM};
+    }
+    if (wml12IdM == thePublicId) {
+        return {2, 1, 9, &wml12DtdM};
+    }
+    if (wml13IdM == thePublicId) {
+        return {3, 1, 10, &wml13DtdM};
+    }
+    if (wtaWml12IdM == thePublicId) {
+        return {3, 3, 12, &wtaWml12DtdM};
+    }
+    return {1, 1, 0, nullptr};
+}
+
+std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutput& theProlog,
+                                               int theMediaType, HedCharsetId theCharset,
+                                               int* theOutputMediaType, CpsString& theOutput) {
+    const FwTraceScope scope("WmlDirector::process");
+    const CpsString publicId = theParser.getPublicIdentifier();
+    const bool hasSubset = theParser.getInternalSubset() != nullptr;
+    auto output = std::make_unique<XaOutput>(hasSubset ? CpsString() : publicId);
+
+    const bool isWta = theMediaType == theWtaWmlMediaType;
+    std::unique_ptr<WmlCtrl> ctrl;
+    if (isWta) {
+        ctrl = std::make_unique<WtaWmlCtrl>(theCharset, output->getMetaDataList());
+        ctrl->setUsingWtaWmlDtd(true);
+    } else {
+        ctrl = std::make_unique<WmlCtrl>(theCharset, output->getMetaDataList());
+    }
+    XaWbxmlCtrl* const context = ctrl.get();
+    WmlTokenizer& tokenizer = isWta ? wtaWmlTokenizerM : wmlTokenizerM;
+
+    const DocumentType type = findDocumentType(publicId);
+    const bool isOfType = type.dtd != nullptr && !hasSubset;
+    CpsString prolog;
+    prolog += static_cast<char>(hasSubset ? type.versionWithSubset : type.version);
+    prolog += static_cast<char>(isOfType || type.publicId == 0 ? type.publicId : 1);
+    if (type.publicId == 0) {
+        prolog += ctrl->addStringToStringtable(publicId);
+    }
+
+    theParser.setDtd(type.dtd, context, &tokenizer, &pcDataActorM, &cdSectionActorM, nullptr,
+                     &tokenizer);
+    theProlog.reproduce(&tokenizer, nullptr, context);
+    parse(theParser);
+
+    prolog +=
+        XaWbxmlCtrl::getAsMbUInt(static_cast<std::uint32_t>(theCharset >= 0 ? theCharset : 0));
+    ctrl->addProlog(prolog);
+    theOutput = ctrl->makeOutput();
+    *theOutputMediaType = isWta ? theWtaWmlcMediaType : theWmlcMediaType;
+    return output;
+}
+
+}  // namespace lumnis

@@ -1,0 +1,30 @@
+// A number as a multi-byte integer (WBXML 1.3, 5.1), ready to be written.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace lumnis {
+
+class XaMbUInt {
+  public:
+    explicit constexpr XaMbUInt(std::uint32_t theValue) {
+        // From the last byte to the first: it alone has no top bit.
+        bytesM[--beginM] = static_cast<char>(theValue & 0x7F);
+        while ((theValue >>= 7) != 0) {
+            bytesM[--beginM] = static_cast<char>(0x80 | (theValue & 0x7F));
+        }
+    }
+
+    constexpr std::size_t length() const { return theMaxLength - beginM; }
+    constexpr std::string_view view() const { return {bytesM + beginM, length()}; }
+
+  private:
+    static constexpr std::size_t theMaxLength = 5;
+
+    char bytesM[theMaxLength] = {};
+    std::size_t beginM = theMaxLength;
+};
+
+}  // namespace lumnis

@@ -1,0 +1,152 @@
+#include "XaWbxmlCtrl.h"
+
+#include <algorithm>
+
+#include "FwTraceScope.h"
+#include "XaMbUInt.h"
+#include "XaWbxmlStringTable.h"
+
+namespace lumnis {
+
+namespace {
+
+bool isXmlSpace(char theByte) {
+    return theByte == ' ' || theByte == '\t' || theByte == '\r' || theByte == '\n';
+}
+
+}  // namespace
+
+CpsString XaWbxmlCtrl::ConversionFailure::toString() const {
+    return "character conversion failed";
+}
+
+XaWbxmlCtrl::XaWbxmlCtrl(HedCharsetId theCharset, int theTrimMode)
+    : stringTableM(std::make_unique<StringTable>()), charsetM(theCharset), trimModeM(theTrimMode) {}
+
+XaWbxmlCtrl::~XaWbxmlCtrl() = default;
+
+void XaWbxmlCtrl::popLastOutputByte() {
+    const std::size_t slot = blocksM.empty() ? 0 : blocksM.back().position;
+    if (bodyM.size() > slot) {
+        bodyM.pop_back();
+    }
+}
+
+void XaWbxmlCtrl::addStringToOutput(std::string_view theText) {
+    StringTable::Entry& entry = stringTableM->obtainEntry(convert(theText));
+    ++entry.second.count;
+    blocksM.push_back({bodyM.size(), &entry});
+}
+
+CpsString XaWbxmlCtrl::addStringToStringtable(std::string_view theText) {
+    return getAsMbUInt(stringTableM->addString(stringTableM->obtainEntry(convert(theText))));
+}
+
+void XaWbxmlCtrl::addOffsetToOutput(std::string_view theText) {
+    bodyM.append(
+        XaMbUInt(stringTableM->addString(stringTableM->obtainEntry(convert(theText)))).view());
+}
+
+const CpsString& XaWbxmlCtrl::convert(std::string_view theText) {
+    // The terminator goes through the conversion with the text, so that it gets the width of the
+    // charset.
+    if (charsetM == theUtf8Charset) {
+        convertedM = theText;
+        convertedM += '\0';
+        return convertedM;
+    }
+    CpsString terminated;
+    terminated.reserve(static_cast<std::uint32_t>(theText.size() + 1));
+    terminated = theText;
+    terminated += '\0';
+    if (!converterM.convertFromUtf8(terminated, convertedM, charsetM, true)) {
+        throw ConversionFailure();
+    }
+    return convertedM;
+}
+
+void XaWbxmlCtrl::flushPcData() {
+    if (!pcDataM.empty()) {
+        trimSpace(pcDataM);
+        addStringToOutput(pcDataM);
+        pcDataM.clear();
+    }
+}
+
+void XaWbxmlCtrl::trimSpace(std::string& theText) const {
+    if ((trimModeM & theOuterSpaceBit) != 0) {
+        theText.erase(std::find_if_not(theText.rbegin(), theText.rend(), isXmlSpace).base(),
+                      theText.end());
+        theText.erase(theText.begin(),
+                      std::find_if_not(theText.begin(), theText.end(), isXmlSpace));
+    }
+    if ((trimModeM & theInnerSpaceBit) != 0) {
+        bool wasSpace = false;
+        std::size_t length = 0;
+        for (const char byte : theText) {
+            const bool isSpace = isXmlSpace(byte);
+            if (!isSpace || !wasSpace) {
+                theText[length++] = isSpace ? ' ' : byte;
+            }
+            wasSpace = isSpace;
+        }
+        theText.resize(length);
+    }
+}
+
+bool XaWbxmlCtrl::emptyContent(bool theValue) {
+    return std::exchange(emptyContentM, theValue);
+}
+
+void XaWbxmlCtrl::switchPage(unsigned& theCurrent, unsigned thePage) {
+    if (theCurrent != thePage) {
+        theCurrent = thePage;
+        addToOutput(XaWbxmlToken::SWITCH_PAGE);
+        addToOutput(static_cast<unsigned char>(thePage));
+    }
+}
+
+CpsString XaWbxmlCtrl::makeOutput() {
+    const FwTraceScope scope("XaWbxmlCtrl::makeOutput");
+    std::string body;
+    body.reserve(2 * bodyM.size());
+    std::size_t position = 0;
+    for (const OutputStringBlock& block : blocksM) {
+        body.append(bodyM, position, block.position - position);
+        position = block.position;
+        stringTableM->conditionalAddString(*block.entry, body);
+    }
+    body.append(bodyM, position);
+
+    const std::string& table = stringTableM->getStringTableContent();
+    CpsString output = prologM + stringTableM->getLength();
+    const std::size_t length = output.length() + table.size() + body.size();
+    output.reserve(static_cast<std::uint32_t>(std::min<std::size_t>(length, UINT32_MAX)));
+    output += table;
+    output += body;
+    return output;
+}
+
+CpsString XaWbxmlCtrl::getAsMbUInt(std::uint32_t theValue) {
+    return XaMbUInt(theValue).view();
+}
+
+void XaWbxmlCtrl::SimplePcDataActor::operator()(const CpsString& theText, void* theContext) {
+    contextOf(theContext).addPcData(theText);
+}
+
+void XaWbxmlCtrl::SimplePiActor::operator()(const CpsString& theTarget, const CpsString& theData,
+                                            void* theContext) {
+    XaWbxmlCtrl& ctrl = contextOf(theContext);
+    ctrl.flushPcData();
+    ctrl.addToOutput(XaWbxmlToken::PI);
+    ctrl.addToOutput(XaWbxmlToken::LITERAL);
+    ctrl.addOffsetToOutput(theTarget);
+    if (!theData.empty()) {
+        ctrl.addToOutput(XaWbxmlToken::STR_T);
+        ctrl.addOffsetToOutput(theData);
+    }
+    ctrl.addToOutput(XaWbxmlToken::END);
+}
+
+}  // namespace lumnis
