@@ -31,6 +31,7 @@ WscParser::WscParser(const CpsString& theSource) : lexerM(theSource) {}
 WscParser::~WscParser() = default;
 
 int WscParser::yyparse() {
+    FwTraceScope scope("WscParser::yyparse");
     return wscparse(*this);
 }
 
