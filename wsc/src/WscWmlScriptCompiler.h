@@ -1,7 +1,7 @@
 // The one class through which the rest of the system compiles WMLScript: options in, one
 // compilation from source text to byte-code file, questions about the result afterwards.
 //
-// The byte-code file is that of the WMLScript specification, version 1.1, chapter "WMLScript
+// The byte-code file is that of the WMLScript standard, version 1.1, chapter "WMLScript
 // Binary Format".
 #pragma once
 
