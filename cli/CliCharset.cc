@@ -1,5 +1,6 @@
 #include "CliCharset.h"
 
+#include <algorithm>
 #include <charconv>
 #include <utility>
 
@@ -14,10 +15,19 @@ namespace {
 
 constexpr std::string_view theByteOrderMark = "\xEF\xBB\xBF";
 
+// theLowerName is in lower case.
+bool isEqualWithoutCase(std::string_view theName, std::string_view theLowerName) {
+    return std::equal(theName.begin(), theName.end(), theLowerName.begin(), theLowerName.end(),
+                      [](char theByte, char theLower) {
+                          return theByte == theLower ||
+                                 (theByte >= 'A' && theByte <= 'Z' && theByte + 32 == theLower);
+                      });
+}
+
 // -1 for what is neither a name nor a number.
 HedCharsetId numberOf(std::string_view theName) {
-    // What people write for UTF-8 without the hyphen is no name of the registry.
-    if (theName == "utf8" || theName == "UTF8" || theName == "csUTF8") {
+    // What people write for UTF-8, beside the names of the table.
+    if (isEqualWithoutCase(theName, "utf8") || isEqualWithoutCase(theName, "csutf8")) {
         return theUtf8Charset;
     }
     HedCharsetId number = HedNameMap::theUnknownNumber;
@@ -50,9 +60,6 @@ bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& t
             theSource.erase(0, static_cast<std::uint32_t>(theByteOrderMark.size()));
         }
         return true;
-    }
-    if (theSource.empty()) {
-        return true;  // what is to be said of it is the compiler's to say
     }
     CcCharsetConverter converter;
     CpsString converted;

@@ -112,8 +112,8 @@ TEST(CodePageService, AskForMoreRoomThanThereIsAndNothingIsUsable) {
         std::uint32_t codePage;
         std::size_t room;  // the least that is enough
     };
-    // U+AC00 and a NUL, U+65E5 and a NUL.
-    const Row rows[] = {{50225, 9}, {949, 3}, {50221, 9}, {932, 3}, {1252, 2}};
+    // U+AC00 and a NUL, U+65E5 and a NUL. The header of 50225 comes with four bytes more.
+    const Row rows[] = {{50225, 5}, {949, 3}, {50221, 9}, {932, 3}, {1252, 2}};
     const auto service = FwCodePageConverter::create();
     for (const Row& row : rows) {
         SCOPED_TRACE(row.codePage);

@@ -67,13 +67,11 @@ void FwIso2022KrEncoder::convert(std::string_view theSource, FwConversionSink& t
         }
     }
     shiftKorean(false, isOut, theSink);
-    if (needsHeader) {
-        // Makes room at the start: the header stands in front of all text.
+    if (needsHeader && theSink.room() >= theHeader.size()) {
+        // The header stands in front of all text.
         char* const end = theSink.atM;
         theSink.put(theHeader);
-        if (!theSink.isFullM) {
-            std::rotate(begin, end, theSink.atM);
-        }
+        std::rotate(begin, end, theSink.atM);
     }
 }
 

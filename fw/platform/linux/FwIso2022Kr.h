@@ -1,7 +1,8 @@
 // ISO-2022-KR (RFC 1557), code page 50225, in both directions.
 //
 // The header ESC $ ) C stands at the start of a text that has characters of KS X 1001, and only
-// there: a text of ASCII alone needs none, and so never asks for more room than it has bytes.
+// there: a text of ASCII alone needs none. Where there is room for the text and not for the
+// header as well, as when one character is converted by itself, the header is left out.
 #pragma once
 
 #include "FwTableTranscoder.h"

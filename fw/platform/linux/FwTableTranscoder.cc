@@ -115,6 +115,15 @@ bool FwTableEncoder::encodeCharacter(std::string_view theCharacter, FwConversion
     return !isTag(theCharacter) && iconvM.convert(theCharacter, theSink) == 0;
 }
 
+bool FwTableDecoder::beginsWithCharacter(std::string_view theSource) {
+    char buffer[16];
+    FwConversionSink sink(buffer);
+    const std::string_view start = theSource.substr(0, 4);
+    std::string_view rest = start;
+    iconvM.convert(rest, sink);
+    return rest.size() < start.size() && sink.size() > 0;
+}
+
 FwTableDecoder::FwTableDecoder(const FwIconvTable& theTable)
     : tableM(theTable), iconvM("UTF-8", theTable.name) {}
 
@@ -136,6 +145,10 @@ void FwTableDecoder::convert(std::string_view theSource, FwConversionSink& theSi
         } else if (error == EINVAL) {
             theSink.substitute(theReplacementCharacter);
             theSource = {};
+        } else if (theSource.empty() || (done > 0 && beginsWithCharacter(theSource))) {
+            // Some tables of glibc step over the sequence that they refuse (A2 E8 of UHC).
+            theSink.substitute(theReplacementCharacter);
+            window = theSmallWindow;
         } else {
             const char byte = theSource[0];
             if (tableM.passesUndefined && theUndefinedBytes.find(byte) != std::string_view::npos) {

@@ -57,6 +57,9 @@ class FwTableDecoder final : public FwTranscoder {
     void convert(std::string_view theSource, FwConversionSink& theSink) override;
 
   private:
+    // Whether the first bytes are a character, as far as the table can tell.
+    bool beginsWithCharacter(std::string_view theSource);
+
     const FwIconvTable tableM;
     FwIconv iconvM;
 };
