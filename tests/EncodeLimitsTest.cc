@@ -31,6 +31,14 @@ thread_local bool hasFailed = false;
     throw std::bad_alloc();
 }
 
+[[gnu::noinline]] void* operator new(std::size_t theSize, const std::nothrow_t&) noexcept {
+    try {
+        return operator new(theSize);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 [[gnu::noinline]] void operator delete(void* theBlock) noexcept {
     std::free(theBlock);
 }
