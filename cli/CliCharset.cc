@@ -1,25 +1,69 @@
 #include "CliCharset.h"
 
-#include <algorithm>
+#include <charconv>
+#include <utility>
 
+#include "CcCharsetConverter.h"
 #include "CliError.h"
 #include "CliText.h"
+#include "HedCharsetMap.h"
 
 namespace lumnis {
 
-unsigned charsetByName(std::string_view theOption, const std::string& theName) {
-    std::string name = theName;
-    std::transform(name.begin(), name.end(), name.begin(), [](char theByte) {
-        return theByte >= 'A' && theByte <= 'Z' ? static_cast<char>(theByte + 32) : theByte;
-    });
-    // The names of the IANA registry, the common misspelling and the MIBenum number.
-    for (const std::string_view known : {"utf-8", "utf8", "csutf8", "106"}) {
-        if (name == known) {
-            return theUtf8Charset;
-        }
+namespace {
+
+constexpr std::string_view theByteOrderMark = "\xEF\xBB\xBF";
+
+// -1 for what is neither a name nor a number.
+HedCharsetId numberOf(std::string_view theName) {
+    // What people write for UTF-8 without the hyphen is no name of the registry.
+    if (theName == "utf8" || theName == "UTF8" || theName == "csUTF8") {
+        return theUtf8Charset;
     }
-    throw CliUsageError(std::string(theOption) + ": charset \"" + visibleText(theName) +
-                        "\" is not supported (supported: UTF-8)");
+    HedCharsetId number = HedNameMap::theUnknownNumber;
+    const auto [end, error] =
+        std::from_chars(theName.data(), theName.data() + theName.size(), number);
+    if (error == std::errc() && end == theName.data() + theName.size()) {
+        return number;
+    }
+    return HedCharsetMap::instance().getNumber(theName);
+}
+
+}  // namespace
+
+HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
+                           CliCharsetUse theUse) {
+    const HedCharsetId number = numberOf(theName);
+    const bool isConvertible = theUse == CliCharsetUse::input
+                                   ? CcCharsetConverter::canConvertToUtf8(number)
+                                   : CcCharsetConverter::canConvertFromUtf8(number);
+    if (!isConvertible) {
+        throw CliUsageError(std::string(theOption) + ": charset \"" + visibleText(theName) +
+                            "\" is not supported (\"lumnis charsets\" lists those that are)");
+    }
+    return number;
+}
+
+bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& theMessage) {
+    if (theCharset == theUtf8Charset) {
+        if (theSource.view().starts_with(theByteOrderMark)) {
+            theSource.erase(0, static_cast<std::uint32_t>(theByteOrderMark.size()));
+        }
+        return true;
+    }
+    if (theSource.empty()) {
+        return true;  // what is to be said of it is the compiler's to say
+    }
+    CcCharsetConverter converter;
+    CpsString converted;
+    if (!converter.convertToUtf8(theSource, converted, theCharset)) {
+        theMessage = "cannot be read as " +
+                     std::string(HedCharsetMap::instance().getName(theCharset).view()) + ": " +
+                     std::string(converter.getErrorMessage().view());
+        return false;
+    }
+    theSource = std::move(converted);
+    return true;
 }
 
 }  // namespace lumnis

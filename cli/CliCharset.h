@@ -1,15 +1,25 @@
-// Charset names on the command line: the one place that knows which there are.
+// Character sets on the command line: by name, alias or number, and what they turn a source into.
 #pragma once
 
 #include <string>
 #include <string_view>
 
+#include "CpsString.h"
+#include "HedCharsetId.h"
+
 namespace lumnis {
 
-constexpr unsigned theUtf8Charset = 106;
+// Where an option's charset stands: sources come in, strings go out.
+enum class CliCharsetUse { input, output };
 
-// The MIBenum number of a charset given by name, alias or number, in any letter case. theOption is
-// for the message. Throws CliUsageError when the charset is not supported.
-unsigned charsetByName(std::string_view theOption, const std::string& theName);
+// The number of a charset given by name, alias or number, in any letter case. theOption is for the
+// message. Throws CliUsageError when there is no such charset or it cannot be converted.
+HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
+                           CliCharsetUse theUse);
+
+// Replaces theSource, which is in theCharset, by the same in UTF-8. A byte order mark in front of
+// UTF-8, which editors write, is taken off. False, with the reason in theMessage, when the bytes
+// are no text of that charset.
+bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& theMessage);
 
 }  // namespace lumnis

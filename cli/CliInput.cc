@@ -70,9 +70,6 @@ CpsString readInput(const std::string& thePath) {
         }
         content.append(std::string_view(block.data(), static_cast<std::size_t>(count)));
     }
-    if (content.view().substr(0, 3) == "\xEF\xBB\xBF") {
-        content.erase(0, 3);
-    }
     return content;
 }
 

@@ -7,9 +7,8 @@
 
 namespace lumnis {
 
-// A whole file or pipe, "-" for standard input, without the UTF-8 byte order mark that editors
-// write in front. May run on any thread. Throws CliFileError; also for more than INT_MAX bytes,
-// as the library counts in int.
+// A whole file or pipe, "-" for standard input, as it is. May run on any thread. Throws
+// CliFileError; also for more than INT_MAX bytes, as the library counts in int.
 CpsString readInput(const std::string& thePath);
 
 // How messages name thePath: "<stdin>" for "-".

@@ -13,7 +13,7 @@ namespace lumnis {
 
 namespace {
 
-constexpr char theExamples[] =
+constexpr char theCompileExamples[] =
     "Examples:\n"
     "  lumnis compile hello.wmls                writes hello.wmlsc\n"
     "  lumnis compile -o out/ -j 4 src/*.wmls   writes out/NAME.wmlsc for each\n"
@@ -38,7 +38,7 @@ std::string errorText(const WscWmlScriptCompiler& theCompiler) {
 void CompileCommand::addTo(CLI::App& theApp) {
     CLI::App* const verb = theApp.add_subcommand("compile", "Compile WMLScript to byte code");
     verb->group("Verbs");
-    verb->formatter(helpWithExamples(theExamples));
+    verb->formatter(helpWithExamples(theCompileExamples));
     verb->add_option("FILE", batchM.inputs, "Scripts to compile; - reads standard input")
         ->required()
         ->option_text(" ");
@@ -49,7 +49,8 @@ void CompileCommand::addTo(CLI::App& theApp) {
         ->option_text("PATH");
     verb->add_option("--charset", charsetsM,
                      "A charset that the handset accepts; repeat it, the most\n"
-                     "wanted first; without it UTF-8")
+                     "wanted first: the first that has all characters is taken;\n"
+                     "without it UTF-8; \"lumnis charsets\" lists the names")
         ->option_text("NAME")
         ->allow_extra_args(false);
     verb->add_option("--input-charset", inputCharsetM,
@@ -78,28 +79,36 @@ void CompileCommand::addTo(CLI::App& theApp) {
 }
 
 CliExit CompileCommand::run() const {
-    std::vector<unsigned> charsets;
+    std::vector<HedCharsetId> charsets;
     for (const std::string& name : charsetsM) {
-        charsets.push_back(charsetByName("--charset", name));
+        charsets.push_back(charsetByName("--charset", name, CliCharsetUse::output));
     }
-    charsetByName("--input-charset", inputCharsetM);
+    const HedCharsetId inputCharset =
+        charsetByName("--input-charset", inputCharsetM, CliCharsetUse::input);
     CliBatchOptions batch = batchM;
     batch.extension = ".wmlsc";
     batch.sideOutputs = {{"--listing", listingM}, {"--tree", treeM}};
     batch.errorFormat = errorFormatByName(errorFormatM);
     return runBatch(batch, [&](const std::string& theName, const CpsString& theSource) {
-        return compile(theName, theSource, charsets);
+        CpsString source(theSource);
+        std::string message;
+        if (!convertSource(source, inputCharset, message)) {
+            CliBatchResult result;
+            result.diagnostics.push_back(sourceDiagnostic(theName, message, source, {}));
+            return result;
+        }
+        return compile(theName, source, charsets);
     });
 }
 
 CliBatchResult CompileCommand::compile(const std::string& theName, const CpsString& theSource,
-                                       const std::vector<unsigned>& theCharsets) const {
+                                       const std::vector<HedCharsetId>& theCharsets) const {
     std::ostringstream listing;
     std::ostringstream tree;
     std::ostringstream console;
     WscWmlScriptCompiler compiler;
-    for (const unsigned charset : theCharsets) {
-        compiler.setAcceptCharacterSet(charset);
+    for (const HedCharsetId charset : theCharsets) {
+        compiler.setAcceptCharacterSet(static_cast<unsigned>(charset));
     }
     compiler.setOptimizeMode(!isUnoptimizedM);
     compiler.setDebugMode(isDebugM);

@@ -6,6 +6,7 @@
 
 #include "CliBatch.h"
 #include "CliExit.h"
+#include "HedCharsetId.h"
 
 namespace CLI {
 class App;
@@ -23,7 +24,7 @@ class CompileCommand {
 
   private:
     CliBatchResult compile(const std::string& theName, const CpsString& theSource,
-                           const std::vector<unsigned>& theCharsets) const;
+                           const std::vector<HedCharsetId>& theCharsets) const;
 
     CliBatchOptions batchM;
     std::vector<std::string> charsetsM;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "CharsetsCommand.h"
 #include "CliError.h"
 #include "CliExit.h"
 #include "CliHelp.h"
@@ -34,6 +35,8 @@ int run(int theCount, char** theArguments) {
     app.require_subcommand(1);
     lumnis::CompileCommand compile;
     compile.addTo(app);
+    lumnis::CharsetsCommand charsets;
+    charsets.addTo(app);
     try {
         app.parse(theCount, theArguments);
     } catch (const CLI::Success& answer) {
@@ -51,7 +54,7 @@ int run(int theCount, char** theArguments) {
         return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
     }
     try {
-        return static_cast<int>(compile.run());
+        return static_cast<int>(app.got_subcommand("charsets") ? charsets.run() : compile.run());
     } catch (const lumnis::CliUsageError& error) {
         return usageError(error.what());
     }

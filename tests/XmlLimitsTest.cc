@@ -23,14 +23,24 @@ thread_local long allocationsLeft = -1;
 
 }  // namespace
 
-[[gnu::noinline]] void* operator new(std::size_t theSize) {
+// All forms of new and delete, so that a sanitizer's own do not mix with them. Not inlined: the
+// compiler would see malloc in one and delete in the other.
+[[gnu::noinline]] void* operator new(std::size_t theSize, const std::nothrow_t&) noexcept {
     if (allocationsLeft > 0 && --allocationsLeft == 0) {
-        throw std::bad_alloc();
+        return nullptr;
     }
-    if (void* block = std::malloc(theSize == 0 ? 1 : theSize)) {
+    return std::malloc(theSize == 0 ? 1 : theSize);
+}
+
+[[gnu::noinline]] void* operator new(std::size_t theSize) {
+    if (void* block = operator new(theSize, std::nothrow)) {
         return block;
     }
     throw std::bad_alloc();
+}
+
+[[gnu::noinline]] void* operator new[](std::size_t theSize) {
+    return operator new(theSize);
 }
 
 [[gnu::noinline]] void operator delete(void* theBlock) noexcept {
@@ -38,6 +48,18 @@ thread_local long allocationsLeft = -1;
 }
 
 [[gnu::noinline]] void operator delete(void* theBlock, std::size_t) noexcept {
+    std::free(theBlock);
+}
+
+[[gnu::noinline]] void operator delete(void* theBlock, const std::nothrow_t&) noexcept {
+    std::free(theBlock);
+}
+
+[[gnu::noinline]] void operator delete[](void* theBlock) noexcept {
+    std::free(theBlock);
+}
+
+[[gnu::noinline]] void operator delete[](void* theBlock, std::size_t) noexcept {
     std::free(theBlock);
 }
 

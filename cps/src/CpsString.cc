@@ -61,10 +61,15 @@ CpsString::~CpsString() {
 }
 
 CpsString& CpsString::operator=(CpsString&& theOther) noexcept {
-    if (this != &theOther) {
+    if (this == &theOther) {
+        return *this;
+    }
+    if (theOther.beginM == theOther.localM) {
+        // Fits into every buffer, and this one stays where it is.
+        assign(theOther.view());
+        theOther.clear();
+    } else {
         release();
-        beginM = endM = localM;
-        limitM = localM + theLocalSize;
         takeFrom(theOther);
     }
     return *this;

@@ -4,7 +4,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
+#include <utility>
 
+#include "CcCharsetConverter.h"
 #include "FwTraceScope.h"
 #include "WscWmlScriptError.h"
 
@@ -41,6 +43,9 @@ bool WmlsCompileDriver::run(const char* theSource, int theSourceLength, char** t
                             std::uint32_t& theResultLength, char** theErrorText) {
     FwTraceScope scope("WmlsCompileDriver::run");
     sourceM = std::make_unique<CpsString>(theSource, static_cast<std::uint32_t>(theSourceLength));
+    if (convertInputM != 0 && !convertInput()) {
+        return false;
+    }
     if (compilerM.compile(sourceM.get()) != 1) {
         storeErrorText(errorText(), theErrorText);
         return false;
@@ -58,6 +63,18 @@ bool WmlsCompileDriver::run(const char* theSource, int theSourceLength, char** t
     if (printPragmasM != 0) {
         writePragmaReport(compilerM, std::cout);
     }
+    return true;
+}
+
+bool WmlsCompileDriver::convertInput() {
+    CcCharsetConverter converter;
+    auto converted = std::make_unique<CpsString>();
+    if (!converter.convertToUtf8(*sourceM, *converted, inputCharsetM)) {
+        std::cout << converter.getErrorMessage().view() << "\n\n" << std::flush;
+        std::fputs("Charset conversion failed.\n", stderr);
+        return false;
+    }
+    sourceM = std::move(converted);
     return true;
 }
 

@@ -7,6 +7,7 @@
 #include <memory>
 
 #include "CpsString.h"
+#include "HedCharsetId.h"
 #include "WscWmlScriptCompiler.h"
 
 namespace lumnis {
@@ -15,9 +16,15 @@ class WmlsCompileDriver {
   public:
     // Not 0: a pragma report goes to standard output after a successful compilation. 0 at first.
     void setPrintPragmas(int theMode) { printPragmasM = theMode; }
+    // The source is converted from theCharset to UTF-8 first. Without this it is taken as it is.
+    void setInputCharset(HedCharsetId theCharset) {
+        inputCharsetM = theCharset;
+        convertInputM = 1;
+    }
 
     // Parameters as of WMLSCompile, but for the size, which has 32 bits here. True on success.
-    // A fault of the script leaves its text in *theErrorText. Throws std::bad_alloc.
+    // A fault of the script leaves its text in *theErrorText; a source that cannot be converted
+    // prints why and leaves no text. Throws std::bad_alloc and CCException.
     bool run(const char* theSource, int theSourceLength, char** theResult,
              std::uint32_t& theResultLength, char** theErrorText);
 
@@ -29,11 +36,14 @@ class WmlsCompileDriver {
     static void writePragmaReport(const WscWmlScriptCompiler& theCompiler, std::ostream& theStream);
 
   private:
+    bool convertInput();
     CpsString errorText() const;
 
     WscWmlScriptCompiler compilerM;
     int printPragmasM = 0;
     std::unique_ptr<CpsString> sourceM;
+    HedCharsetId inputCharsetM = theUtf8Charset;
+    int convertInputM = 0;
 };
 
 }  // namespace lumnis

@@ -1,6 +1,7 @@
 #include "WscCompilerData.h"
 
 #include <algorithm>
+#include <bit>
 #include <ostream>
 #include <stdexcept>
 #include <string>
@@ -73,6 +74,7 @@ WscCompilerData::WscCompilerData(std::ostream* theDebugStream, std::ostream* the
 WscCompilerData::~WscCompilerData() = default;
 
 void WscCompilerData::addError(int theCode, const CpsString& theMessage) {
+    FwTraceScope scope("WscCompilerData::addError");
     errorsM.emplace_back(theCode, theMessage);
 }
 
@@ -163,43 +165,50 @@ int WscCompilerData::nextConstIndex() const noexcept {
     return static_cast<int>(std::min<std::size_t>(constantsM.size(), theMaxConstIndex));
 }
 
-template <class Literal, class Key, class Value>
-int WscCompilerData::addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue) {
-    const auto [place, isNew] = theKnown.emplace(theKey, nextConstIndex());
-    if (isNew) {
-        constantsM.push_back(std::make_unique<Literal>(theValue));
+template <class Literal, class Value>
+Literal& WscCompilerData::appendConst(const Value& theValue) {
+    auto* literal = constantMemoryM.make<Literal>(theValue);
+    constantsM.push_back(Constant(literal));
+    return *literal;
+}
+
+template <class Literal, class Value>
+int WscCompilerData::addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey,
+                               Value theValue) {
+    int index = theKnown.find(theKey);
+    if (index < 0) {
+        index = nextConstIndex();
+        appendConst<Literal>(theValue);
+        theKnown.add(theKey, index);
     }
-    return place->second;
+    return index;
 }
 
 template <class Literal>
-int WscCompilerData::addText(ConstMap<std::string_view>& theKnown, const CpsString& theText) {
-    const auto found = theKnown.find(theText.view());
-    if (found != theKnown.end()) {
-        return found->second;
+int WscCompilerData::addText(WscNumberTable<std::string_view>& theKnown, const CpsString& theText) {
+    int index = theKnown.find(theText);
+    if (index < 0) {
+        index = nextConstIndex();
+        theKnown.add(appendConst<Literal>(theText).getText(), index);
     }
-    const int index = nextConstIndex();
-    auto literal = std::make_unique<Literal>(theText);
-    theKnown.emplace(literal->getText().view(), index);
-    constantsM.push_back(std::move(literal));
     return index;
 }
 
 int WscCompilerData::addIntConst(std::int32_t theValue) {
+    const auto key = static_cast<std::uint32_t>(theValue);
     if (theValue >= -128 && theValue <= 127) {
-        return addConst<WscLiteralInt8>(intConstantsM, theValue,
-                                        static_cast<std::int8_t>(theValue));
+        return addNumber<WscLiteralInt8>(intConstantsM, key, static_cast<std::int8_t>(theValue));
     }
     if (theValue >= -32768 && theValue <= 32767) {
-        return addConst<WscLiteralInt16>(intConstantsM, theValue,
-                                         static_cast<std::int16_t>(theValue));
+        return addNumber<WscLiteralInt16>(intConstantsM, key, static_cast<std::int16_t>(theValue));
     }
-    return addConst<WscLiteralInt32>(intConstantsM, theValue, theValue);
+    return addNumber<WscLiteralInt32>(intConstantsM, key, theValue);
 }
 
 int WscCompilerData::addFloatConst(float theValue) {
-    // 0.0 and -0.0 are equal and hash alike: one constant, in the form that came first.
-    return addConst<WscLiteralFloat>(floatConstantsM, theValue, theValue);
+    // 0.0 and -0.0 are equal: one constant, in the form that came first.
+    const std::uint32_t key = theValue == 0 ? 0 : std::bit_cast<std::uint32_t>(theValue);
+    return addNumber<WscLiteralFloat>(floatConstantsM, key, theValue);
 }
 
 int WscCompilerData::addStringConst(const CpsString& theText) {
@@ -223,6 +232,7 @@ int WscCompilerData::getBreakLabel() const noexcept {
 }
 
 void WscCompilerData::startFunctionCode() {
+    FwTraceScope scope("WscCompilerData::startFunctionCode");
     codeM.clear();
     variablesM.clear();
     firstLabelM = nextLabelM;
@@ -437,6 +447,7 @@ void WscCompilerData::generateLabel(int theLabel) {
 }
 
 std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned theNoOfVariables) {
+    FwTraceScope scope("WscCompilerData::stopFunctionCode");
     const int number = searchFunctionNo(theName);
     if (number < 0) {
         throw std::runtime_error("Internal error: Function not found");
@@ -480,6 +491,7 @@ void WscCompilerData::writeFunction(const WscFunctionInfo& theFunction, unsigned
 }
 
 void WscCompilerData::writeListing(const WscFunctionInfo& theFunction) {
+    FwTraceScope scope("WscCompilerData::writeListing");
     CpsString text("FUNCTION \"");
     text += theFunction.getName();
     text += "\" Args=";
@@ -537,6 +549,7 @@ unsigned int WscCompilerData::selectOutEncoding() {
 }
 
 void WscCompilerData::writeByteCode() {
+    FwTraceScope scope("WscCompilerData::writeByteCode");
     const WscStringAndIntHandler integers;
     CpsString pools;
     integers.getAsMultiByteInteger(getNoOfConstants(), pools);

@@ -6,16 +6,16 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
-#include <memory_resource>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "CpsString.h"
+#include "WscArena.h"
 #include "WscFunctionCode.h"
 #include "WscFunctionInfo.h"
 #include "WscLiteralInfo.h"
 #include "WscName.h"
+#include "WscNumberTable.h"
 #include "WscOpcode.h"
 #include "WscPragmaInfo.h"
 #include "WscPragmaMeta.h"
@@ -171,13 +171,13 @@ class WscCompilerData {
         std::vector<int> valuesM;
         std::vector<unsigned> namesM;  // those that have a value
     };
-    template <class Key>
-    using ConstMap = std::pmr::unordered_map<Key, int>;
-
-    template <class Literal, class Key, class Value>
-    int addConst(ConstMap<Key>& theKnown, Key theKey, const Value& theValue);
+    // Makes a constant and gives it the next index.
+    template <class Literal, class Value>
+    Literal& appendConst(const Value& theValue);
+    template <class Literal, class Value>
+    int addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey, Value theValue);
     template <class Literal>
-    int addText(ConstMap<std::string_view>& theKnown, const CpsString& theText);
+    int addText(WscNumberTable<std::string_view>& theKnown, const CpsString& theText);
     int nextConstIndex() const noexcept;
     template <class Instruction, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
@@ -211,13 +211,20 @@ class WscCompilerData {
     bool hasAccessDomainM = false;
     bool hasAccessPathM = false;
 
-    std::vector<std::unique_ptr<WscLiteralInfo>> constantsM;  // by index
+    // For what lives in an arena: ends it and leaves its memory.
+    struct Destroy {
+        void operator()(WscLiteralInfo* theConstant) const noexcept {
+            theConstant->~WscLiteralInfo();
+        }
+    };
+    using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
+    WscArena constantMemoryM;
+    std::vector<Constant> constantsM;  // by index; they live in constantMemoryM
     // The index of each constant by its value; a text looks at its constant's own.
-    std::pmr::monotonic_buffer_resource mapMemoryM;
-    ConstMap<std::int32_t> intConstantsM{&mapMemoryM};
-    ConstMap<float> floatConstantsM{&mapMemoryM};
-    ConstMap<std::string_view> stringConstantsM{&mapMemoryM};
-    ConstMap<std::string_view> utf8ConstantsM{&mapMemoryM};
+    WscNumberTable<std::uint32_t> intConstantsM;
+    WscNumberTable<std::uint32_t> floatConstantsM;  // by their bits
+    WscNumberTable<std::string_view> stringConstantsM;
+    WscNumberTable<std::string_view> utf8ConstantsM;
 
     std::uint32_t nextLabelM = 0;
     std::uint32_t firstLabelM = 0;  // of the current function

@@ -18,6 +18,7 @@ class WscParser;
 #include <cstring>
 
 #include "WscParser.h"
+#include "WscUnitReductions.h"
 
 namespace {
 
@@ -43,6 +44,42 @@ int wsclex(lumnis::WscTokenValue* theValue, lumnis::WscParser& theParser) {
 #define YYMAXDEPTH 10000
 
 using namespace lumnis;
+
+namespace {
+
+/* Nonterminals whose rules of one symbol hand its value up and do nothing else. */
+constexpr bool isTransparent(int theSymbol) noexcept {
+    switch (theSymbol) {
+        case YYSYMBOL_Expression:
+        case YYSYMBOL_AssignmentExpression:
+        case YYSYMBOL_ConditionalExpression:
+        case YYSYMBOL_LogicalOr:
+        case YYSYMBOL_LogicalAnd:
+        case YYSYMBOL_BitOr:
+        case YYSYMBOL_BitXor:
+        case YYSYMBOL_BitAnd:
+        case YYSYMBOL_Equality:
+        case YYSYMBOL_Relational:
+        case YYSYMBOL_Shift:
+        case YYSYMBOL_Additive:
+        case YYSYMBOL_Multiplicative:
+        case YYSYMBOL_UnaryExpression:
+        case YYSYMBOL_PostfixExpression:
+        case YYSYMBOL_CallExpression:
+            return true;
+        default:
+            return false;
+    }
+}
+
+template <class Tables>
+int passUnitReductions(int theState, int theStateBelow, int theToken,
+                       lumnis::WscParser& theParser, const Tables& theTables) {
+    return passUnits(theState, theStateBelow, theToken, theTables, theParser.unitReductions(),
+                     isTransparent);
+}
+
+}  // namespace
 }
 
 %define api.pure full

@@ -72,12 +72,6 @@ WscLexer::WscLexer(const CpsString& theSource) {
     beginScan(theSource);
 }
 
-int WscLexer::yylex(WscTokenValue& theValue) {
-    const int token = scan(scannerM);
-    theValue = tokenValueM;
-    return token;
-}
-
 void WscLexer::LexerError(const CpsString& theText) const {
     throw WscCompilerException(lineNumberM, theText);
 }
@@ -108,13 +102,14 @@ CpsString WscLexer::getAsUtf8(std::uint32_t theValue) {
     return result;
 }
 
-int WscLexer::token(int theToken) noexcept {
-    tokenValueM.token = theToken;
-    return theToken;
-}
-
 int WscLexer::identifier(std::string_view theText) {
-    tokenValueM.name = &namesM.intern(theText);
+    int number = nameNumbersM.find(theText);
+    if (number < 0) {
+        number = static_cast<int>(namesM.size());
+        namesM.push_back({theText, static_cast<unsigned>(number)});
+        nameNumbersM.add(namesM.back().text, number);
+    }
+    tokenValueM.name = &namesM[static_cast<std::size_t>(number)];
     return WSC_IDENTIFIER;
 }
 

@@ -5,11 +5,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
-#include <memory_resource>
 #include <string_view>
 
 #include "CpsString.h"
-#include "WscNameTable.h"
+#include "WscArena.h"
+#include "WscName.h"
+#include "WscNumberTable.h"
 #include "WscTokenValue.h"
 
 namespace lumnis {
@@ -24,7 +25,11 @@ class WscLexer {
 
     // The next token's number and, in theValue, its value; 0 at the end of the source, in
     // whatever state that comes. Throws WscCompilerException at a lexical fault.
-    int yylex(WscTokenValue& theValue);
+    int yylex(WscTokenValue& theValue) {
+        const int token = scan(scannerM);
+        theValue = tokenValueM;
+        return token;
+    }
     // The line, from 1, of the token read last.
     int getCurrentLineNumber() const noexcept { return lineNumberM; }
 
@@ -42,7 +47,10 @@ class WscLexer {
     int scan(void* theScanner);
 
     // Actions of the rules. theText is the text matched.
-    int token(int theToken) noexcept;
+    int token(int theToken) noexcept {
+        tokenValueM.token = theToken;
+        return theToken;
+    }
     int identifier(std::string_view theText);
     int integerLiteral(std::string_view theText) noexcept;
     int floatLiteral(std::string_view theText) noexcept;
@@ -53,11 +61,12 @@ class WscLexer {
     [[noreturn]] void reservedWord(std::string_view theWord) const;
     [[noreturn]] void unknownCharacter(std::string_view theCharacter) const;
 
-    std::pmr::monotonic_buffer_resource memoryM;
+    WscArena memoryM;
     void* scannerM = nullptr;  // lives in memoryM
     // What token values point to; addresses stay.
     std::deque<CpsString> stringsM;
-    WscNameTable namesM;
+    std::deque<WscName> namesM;  // by number
+    WscNumberTable<std::string_view> nameNumbersM;
     CpsString* currentStringM = nullptr;  // the literal under construction
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};

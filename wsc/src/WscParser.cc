@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "FwTraceScope.h"
 #include "WscCompilerException.h"
 #include "WscGrammar.h"
 
@@ -37,18 +38,6 @@ void WscParser::yyerror(const CpsString& theText) const {
     throw WscCompilerException(lexerM.getCurrentLineNumber(), theText);
 }
 
-WscAstIdentifier* WscParser::identifier(const WscName* theName) {
-    auto* result = node<WscAstIdentifier>();
-    result->setName(theName);
-    return result;
-}
-
-WscAstOperator* WscParser::anOperator(int theOperator) {
-    auto* result = node<WscAstOperator>();
-    result->setOperator(theOperator);
-    return result;
-}
-
 WscAstLiteral* WscParser::literal(const CpsString* theString) {
     auto* result = node<WscAstLiteral>();
     result->setStringLiteralValue(theString);
@@ -67,9 +56,9 @@ WscAstLiteral* WscParser::booleanLiteral(bool theValue) {
     return result;
 }
 
-WscAstLiteral* WscParser::integerLiteral(std::int32_t theValue) {
+WscAstLiteral* WscParser::integerLiteral(std::int64_t theValue) {
     auto* result = node<WscAstLiteral>();
-    result->setDecimalValue(theValue);
+    result->setDecimalValue(static_cast<std::int32_t>(theValue));
     return result;
 }
 
@@ -79,7 +68,7 @@ WscAstLiteral* WscParser::floatLiteral(double theValue) {
     return result;
 }
 
-std::int32_t WscParser::negated(std::int32_t theValue) noexcept {
+std::int32_t WscParser::negated(std::int64_t theValue) noexcept {
     return static_cast<std::int32_t>(0u - static_cast<std::uint32_t>(theValue));
 }
 
@@ -110,11 +99,6 @@ WscSimpleNode* WscParser::forLoop(WscSimpleNode* theInit, WscSimpleNode* theCond
     };
     return node<WscAstForStatement>(orEmpty(theInit), orEmpty(theCondition), orEmpty(theIncrement),
                                     theBody);
-}
-
-void* WscParser::allocateStack(std::size_t theSize) {
-    stacksM.push_back(std::make_unique<std::byte[]>(theSize));
-    return stacksM.back().get();
 }
 
 }  // namespace lumnis

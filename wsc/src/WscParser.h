@@ -3,18 +3,17 @@
 #pragma once
 
 #include <cstddef>
-#include <memory>
-#include <memory_resource>
-#include <new>
+#include <cstdint>
 #include <type_traits>
-#include <vector>
 
 #include "CpsString.h"
+#include "WscArena.h"
 #include "WscAstDeclarations.h"
 #include "WscAstExpressions.h"
 #include "WscAstPrimaries.h"
 #include "WscAstStatements.h"
 #include "WscLexer.h"
+#include "WscUnitReductions.h"
 
 namespace lumnis {
 
@@ -41,21 +40,28 @@ class WscParser {
     template <class Node, class... Children>
     Node* node(Children*... theChildren) {
         static_assert(std::is_trivially_destructible_v<Node>);
-        void* place = nodesM.allocate(sizeof(Node), alignof(Node));
-        auto* result = new (place) Node(Node::theNodeType, lexerM.getCurrentLineNumber());
+        auto* result = nodesM.make<Node>(Node::theNodeType, lexerM.getCurrentLineNumber());
         (result->addChild(theChildren), ...);
         return result;
     }
-    WscAstIdentifier* identifier(const WscName* theName);
-    WscAstOperator* anOperator(int theOperator);
+    WscAstIdentifier* identifier(const WscName* theName) {
+        auto* result = node<WscAstIdentifier>();
+        result->setName(theName);
+        return result;
+    }
+    WscAstOperator* anOperator(std::int64_t theOperator) {
+        auto* result = node<WscAstOperator>();
+        result->setOperator(static_cast<int>(theOperator));
+        return result;
+    }
     WscAstLiteral* literal(const CpsString* theString);
     WscAstLiteral* invalidLiteral();
     WscAstLiteral* booleanLiteral(bool theValue);
-    WscAstLiteral* integerLiteral(std::int32_t theValue);
+    WscAstLiteral* integerLiteral(std::int64_t theValue);
     // Narrowed to single precision.
     WscAstLiteral* floatLiteral(double theValue);
     // Of 32 bits: the smallest number is its own negation.
-    static std::int32_t negated(std::int32_t theValue) noexcept;
+    static std::int32_t negated(std::int64_t theValue) noexcept;
     // Optional parts that are missing.
     WscSimpleNode* empty() { return node<WscAstEmpty>(); }
     // A sequence of one level of operators, begun and made longer.
@@ -70,14 +76,15 @@ class WscParser {
     WscSimpleNode* forLoop(WscSimpleNode* theInit, WscSimpleNode* theCondition,
                            WscSimpleNode* theIncrement, WscSimpleNode* theBody);
     void setRoot(WscAstCompilationUnit* theRoot) noexcept { rootM = theRoot; }
+    UnitReductionMemo& unitReductions() noexcept { return unitReductionsM; }
     // The generated parser's stack once it has grown: it must go when an exception passes.
-    void* allocateStack(std::size_t theSize);
+    void* allocateStack(std::size_t theSize) { return nodesM.allocate(theSize); }
 
   private:
     const WscAstCompilationUnit* rootM = nullptr;
     WscLexer lexerM;
-    std::pmr::monotonic_buffer_resource nodesM{16384};
-    std::vector<std::unique_ptr<std::byte[]>> stacksM;
+    WscArena nodesM;
+    UnitReductionMemo unitReductionsM;
 };
 
 }  // namespace lumnis

@@ -9,13 +9,14 @@ class CpsString;
 class WscSimpleNode;
 struct WscName;
 
+// All members have eight bytes: the processor waits when it copies more than was just written.
 union WscTokenValue {
     double floatValue;
-    std::int32_t integerValue;
-    const WscName* name;    // an identifier; owned by the lexer, as is
-    const CpsString* text;  // a string literal
-    int token;              // every other token: its own number
-    WscSimpleNode* node;    // owned by the parser's arena
+    std::int64_t integerValue;  // of 32 bits
+    const WscName* name;        // an identifier; owned by the lexer, as is
+    const CpsString* text;      // a string literal
+    std::int64_t token;         // every other token: its own number
+    WscSimpleNode* node;        // owned by the parser's arena
 };
 
 }  // namespace lumnis

@@ -1,9 +1,9 @@
 #include "WscWmlScriptCompiler.h"
 
+#include <exception>
 #include <iostream>
 #include <new>
 #include <sstream>
-#include <stdexcept>
 
 #include "FwTraceScope.h"
 #include "WscCompilerData.h"
@@ -65,7 +65,9 @@ int WscWmlScriptCompiler::compile(const CpsString* theSource) {
         run(*theSource);
     } catch (const WscCompilerException& error) {
         compilerDataM->addError(WscWmlScriptError::CompilationError, error.getMessage());
-    } catch (const std::runtime_error& error) {
+    } catch (const std::bad_alloc&) {
+        throw;
+    } catch (const std::exception& error) {
         // No source text can cause this, but a host must not see it either.
         compilerDataM->addError(WscWmlScriptError::OtherError, error.what());
     }
@@ -90,9 +92,8 @@ unsigned int WscWmlScriptCompiler::getByteCodeSize() const {
 }
 
 const CpsString* WscWmlScriptCompiler::getByteCode() const {
-    static const CpsString theEmpty;
     return isFinished() && compilerDataM->getErrors().empty() ? &compilerDataM->getByteCode()
-                                                              : &theEmpty;
+                                                              : &noByteCodeM;
 }
 
 unsigned int WscWmlScriptCompiler::getNumMetaName() const {

@@ -89,6 +89,7 @@ class WscWmlScriptCompiler {
     std::ostream* parseTreeStreamM = nullptr;
     std::ostream* consoleStreamM;
     std::ostream* assemblyStreamM = nullptr;
+    CpsString noByteCodeM;  // what a run that failed gives
     std::unique_ptr<WscCompilerData> compilerDataM;
     std::unique_ptr<WscParser> parserM;  // owns the tree that rootM looks at
     const WscSimpleNode* rootM = nullptr;

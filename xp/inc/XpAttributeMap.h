@@ -2,8 +2,9 @@
 // attributes were declared or first used.
 #pragma once
 
-#include <map>
 #include <memory>
+#include <set>
+#include <vector>
 
 #include "XpDtd.h"
 
@@ -11,26 +12,36 @@ namespace lumnis {
 
 class XpDtd::AttributeMap {
   public:
-    // Pairs of const Attribute* and std::unique_ptr<const AttValue>, which is never null.
-    using Values = std::map<const Attribute*, std::unique_ptr<const AttValue>, ByCreation>;
+    struct Entry {
+        const Attribute* attribute;
+        std::unique_ptr<const AttValue> value;  // never null
+    };
+    using Entries = std::vector<Entry>;
 
     AttributeMap();
     ~AttributeMap();
 
     // Null if theAttribute is not there. The value stays the map's.
     const AttValue* find(const Attribute* theAttribute) const;
-    bool empty() const { return valuesM.empty(); }
-    std::size_t size() const { return valuesM.size(); }
-    Values::const_iterator begin() const { return valuesM.begin(); }
-    Values::const_iterator end() const { return valuesM.end(); }
+    bool empty() const { return entriesM.empty(); }
+    std::size_t size() const { return entriesM.size(); }
+    Entries::const_iterator begin() const { return entriesM.begin(); }
+    Entries::const_iterator end() const { return entriesM.end(); }
 
     // Throws DuplicateAttributeException for an attribute that is there, and
     // FixedAttributeException for a value that differs from a fixed one.
     void add(const Attribute& theAttribute, std::unique_ptr<const AttValue> theValue);
-    void clear() { valuesM.clear(); }
+    // Puts the entries in order, once all are there. The other operations want that, but for add.
+    void sort();
+    void clear();
 
   private:
-    Values valuesM;
+    // False if it was there already.
+    bool isNew(const Attribute& theAttribute);
+
+    Entries entriesM;
+    // The attributes again, when there are so many that looking through them would be slow.
+    std::set<const Attribute*> indexM;
 };
 
 }  // namespace lumnis

@@ -20,8 +20,8 @@ int xpparse(lumnis::XpParserBase& theParser);
 namespace lumnis {
 
 class XpLexer;
+class XpLookupCache;
 class XpModelSize;
-union XpTokenValue;
 
 class XpParserBase {
   public:
@@ -33,7 +33,7 @@ class XpParserBase {
 
     // The frame of the generated parser.
 
-    int readToken(XpTokenValue& theValue);
+    XpLexer& getLexer() { return *lexerM; }
     // theMessage is the generated parser's own. Throws XpParserError.
     [[noreturn]] void failToParse(std::string_view theMessage);
     [[noreturn]] void fail(CpsString theMessage) const;
@@ -55,10 +55,10 @@ class XpParserBase {
     void setExternalId();
 
     // Text and processing instructions: XpContentActions.cc, with the elements.
-    void addSpace(std::string_view theText);
-    void addCharData(std::string_view theText);
-    void addCharacter(unsigned theCodePoint);
-    void addCdSection(std::string_view theText);
+    void addSpace();
+    void addCharData();
+    void addCharacter(std::size_t theCodePoint);
+    void addCdSection();
     void flushCharData();
     void processInstruction(const CpsString& theTarget, const CpsString& theData);
 
@@ -98,9 +98,9 @@ class XpParserBase {
     void specifyAny();
     void specifyMixed();
     void specifyChildren();
-    void finishModel(int theModifier);
-    void addName(const CpsString& theName, int theModifier);
-    void modifyGroup(int theModifier);
+    void finishModel(std::size_t theModifier);
+    void addName(const CpsString& theName, std::size_t theModifier);
+    void modifyGroup(std::size_t theModifier);
     void choiceToUnit();
     void seqToUnit();
     void beginChoice();
@@ -188,10 +188,10 @@ class XpParserBase {
     std::vector<std::unique_ptr<char[]>> parserStacksM;
 
     // Each expansion of a parameter entity has a number; 0 is outside of all.
-    int peCounterM = 0;
-    int currentPeM = 0;
-    std::vector<int> peStackM;
-    std::vector<int> peNestStackM;  // currentPeM at the open of a group or declaration
+    std::size_t peCounterM = 0;
+    std::size_t currentPeM = 0;
+    std::vector<std::size_t> peStackM;
+    std::vector<std::size_t> peNestStackM;  // currentPeM at the open of a group or declaration
     std::vector<ExternalText> externalTextsM;
     std::set<const XpDtd::Entity*> entitiesInProgressM;
     std::vector<const XpDtd::Entity*> entityStackM;
@@ -201,6 +201,7 @@ class XpParserBase {
     const XpDtd::Element* currentElementM = nullptr;
     XpDtd::Element* impliedElementM = nullptr;  // of buildingDtdM, behind the present start tag
     std::vector<const XpDtd::Element*> elementStackM;
+    std::unique_ptr<XpLookupCache> lookupCacheM;
     XpDtd::AttributeMap attributesM;  // of the present start tag
     CpsString textM;                  // character data not yet reported
     bool textHasDataM = false;        // more than white space

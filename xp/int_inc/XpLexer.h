@@ -40,9 +40,16 @@ class XpLexer {
 
     // The next token, 0 at the end of all input. Throws XpParserError.
     int yylex();
+    int readToken(XpTokenValue& theValue) {
+        const int token = yylex();
+        theValue = yylvalM;
+        return token;
+    }
     // Of the last token.
     const XpTokenValue& getValue() const { return yylvalM; }
     std::string_view getText() const { return yytextM; }
+    // What a token of text stands for, valid until the next token.
+    std::string_view getTokenText() const { return tokenTextM; }
 
     // Make the entry token of a parse the next one and set the condition that it begins with.
     void startDtd();
@@ -61,7 +68,14 @@ class XpLexer {
     void yy_pop_state();
 
     // A string with a copy of theText that is valid until the next resetStrings.
-    CpsString* internString(std::string_view theText);
+    CpsString* internString(std::string_view theText) {
+        if (stringsUsedM == stringsM.size()) {
+            addString();
+        }
+        CpsString* string = stringsM[stringsUsedM++].get();
+        string->assign(theText);
+        return string;
+    }
     void resetStrings() { stringsUsedM = 0; }
 
     // The entry of the table of IDs, made if there is none.
@@ -84,16 +98,38 @@ class XpLexer {
     };
 
     void pushBytes(const unsigned char* theBegin, const unsigned char* theEnd, int theEndToken);
+    void addString();
     // Goes back to the input below; the end token of the one that has ended.
     int endInput();
     // Ends a token in front of theCursor: it becomes yytext, and its line feeds count.
-    void take(const unsigned char* theCursor);
+    void take(const unsigned char* theCursor) {
+        takeWord(theCursor);
+        if (inputStackM.empty()) {
+            for (const char c : yytextM) {
+                lineM += c == '\n';
+            }
+        }
+    }
     // The same for a token that holds no line feed.
-    void takeWord(const unsigned char* theCursor);
+    void takeWord(const unsigned char* theCursor) {
+        yytextM = {reinterpret_cast<const char*>(cursorM),
+                   static_cast<std::size_t>(theCursor - cursorM)};
+        cursorM = theCursor;
+    }
+    // The same for a token that may be long.
+    void takeRun(const unsigned char* theCursor);
     // yytext without theHead and theTail bytes at its ends.
-    std::string_view inner(std::size_t theHead, std::size_t theTail) const;
-    int textToken(int theToken, std::string_view theText);
-    int stringToken(int theToken, std::string_view theText);
+    std::string_view inner(std::size_t theHead, std::size_t theTail) const {
+        return {yytextM.data() + theHead, yytextM.size() - theHead - theTail};
+    }
+    int textToken(int theToken, std::string_view theText) {
+        tokenTextM = theText;
+        return theToken;
+    }
+    int stringToken(int theToken, std::string_view theText) {
+        yylvalM.string = internString(theText);
+        return theToken;
+    }
     // A character reference; theDigits are those of yytext.
     int characterToken(std::string_view theDigits, unsigned theRadix);
     [[noreturn]] void failAtText(std::string_view theMessage) const;
@@ -101,6 +137,7 @@ class XpLexer {
     const unsigned char* cursorM;
     const unsigned char* limitM;
     std::string_view yytextM;
+    std::string_view tokenTextM;
     XpTokenValue yylvalM{};
     Condition conditionM = PROLOG;
     unsigned lineM = 1;

@@ -2,27 +2,19 @@
 #pragma once
 
 #include <cstddef>
-#include <string_view>
 
 #include "CpsString.h"
 
 namespace lumnis {
 
-// A part of the text that is being scanned, valid until the next token is read.
-struct XpText {
-    const char* data;
-    std::size_t length;
-
-    std::string_view view() const { return {data, length}; }
-};
-
-// Plain data, since the parser's stack moves it byte by byte.
+// Plain data, since the parser's stack moves it byte by byte. All kinds have the size of the
+// whole: each reduction copies a value as one word, and a word that was written in part is slow
+// to read.
 union XpTokenValue {
     CpsString* string;  // of the scanner's pool
-    XpText text;
-    unsigned codePoint;
-    bool flag;
-    int modifier;  // of a content model: bit 0 optional, bit 1 repeated
+    std::size_t codePoint;
+    std::size_t flag;      // 0 or 1
+    std::size_t modifier;  // of a content model: bit 0 optional, bit 1 repeated
 };
 
 }  // namespace lumnis

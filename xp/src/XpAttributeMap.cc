@@ -1,28 +1,74 @@
 #include "XpAttributeMap.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lumnis {
+
+namespace {
+
+constexpr std::size_t theIndexLimit = 16;
+
+bool isBefore(const XpDtd::AttributeMap::Entry& theLeft,
+              const XpDtd::AttributeMap::Entry& theRight) {
+    return XpDtd::ByCreation()(theLeft.attribute, theRight.attribute);
+}
+
+}  // namespace
 
 XpDtd::AttributeMap::AttributeMap() = default;
 
 XpDtd::AttributeMap::~AttributeMap() = default;
 
 const XpDtd::AttValue* XpDtd::AttributeMap::find(const Attribute* theAttribute) const {
-    const auto found = valuesM.find(theAttribute);
-    return found == valuesM.end() ? nullptr : found->second.get();
+    const auto place = entriesM.size() <= theIndexLimit
+                           ? std::find_if(entriesM.begin(), entriesM.end(),
+                                          [&](const Entry& theEntry) {
+                                              return theEntry.attribute == theAttribute;
+                                          })
+                           : std::lower_bound(entriesM.begin(), entriesM.end(), theAttribute,
+                                              [](const Entry& theEntry, const Attribute* theOther) {
+                                                  return ByCreation()(theEntry.attribute, theOther);
+                                              });
+    return place != entriesM.end() && place->attribute == theAttribute ? place->value.get()
+                                                                       : nullptr;
+}
+
+bool XpDtd::AttributeMap::isNew(const Attribute& theAttribute) {
+    if (entriesM.size() < theIndexLimit) {
+        return std::none_of(entriesM.begin(), entriesM.end(), [&](const Entry& theEntry) {
+            return theEntry.attribute == &theAttribute;
+        });
+    }
+    if (indexM.empty()) {
+        for (const Entry& entry : entriesM) {
+            indexM.insert(entry.attribute);
+        }
+    }
+    return indexM.insert(&theAttribute).second;
 }
 
 void XpDtd::AttributeMap::add(const Attribute& theAttribute,
                               std::unique_ptr<const AttValue> theValue) {
-    const auto [place, isNew] = valuesM.try_emplace(&theAttribute, std::move(theValue));
-    if (!isNew) {
+    if (!isNew(theAttribute)) {
         throw DuplicateAttributeException(theAttribute);
     }
+    entriesM.push_back({&theAttribute, std::move(theValue)});
     if (theAttribute.getDefaultKind() == Attribute::FIXED &&
-        !(*place->second == *theAttribute.getDefault())) {
+        !(*entriesM.back().value == *theAttribute.getDefault())) {
         throw FixedAttributeException(theAttribute);
     }
+}
+
+void XpDtd::AttributeMap::sort() {
+    if (!std::is_sorted(entriesM.begin(), entriesM.end(), isBefore)) {
+        std::sort(entriesM.begin(), entriesM.end(), isBefore);
+    }
+}
+
+void XpDtd::AttributeMap::clear() {
+    entriesM.clear();
+    indexM.clear();
 }
 
 }  // namespace lumnis

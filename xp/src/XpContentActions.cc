@@ -7,23 +7,23 @@
 #include "XpAttValueProcessor.h"
 #include "XpContentNode.h"
 #include "XpLexer.h"
+#include "XpLookupCache.h"
 #include "XpParserBase.h"
 #include "XpTextRules.h"
-#include "XpTokenValue.h"
 
 namespace lumnis {
 
-void XpParserBase::addSpace(std::string_view theText) {
-    XpTextRules::appendWithLineEnds(textM, theText);
+void XpParserBase::addSpace() {
+    XpTextRules::appendWithLineEnds(textM, lexerM->getTokenText());
 }
 
-void XpParserBase::addCharData(std::string_view theText) {
-    XpTextRules::appendWithLineEnds(textM, theText);
+void XpParserBase::addCharData() {
+    XpTextRules::appendWithLineEnds(textM, lexerM->getTokenText());
     textHasDataM = true;
 }
 
-void XpParserBase::addCharacter(unsigned theCodePoint) {
-    XpTextRules::appendUtf8(textM, theCodePoint);
+void XpParserBase::addCharacter(std::size_t theCodePoint) {
+    XpTextRules::appendUtf8(textM, static_cast<unsigned>(theCodePoint));
     textHasDataM = true;
 }
 
@@ -47,10 +47,10 @@ bool XpParserBase::takeOptionalText() {
     return true;
 }
 
-void XpParserBase::addCdSection(std::string_view theText) {
+void XpParserBase::addCdSection() {
     takeText("unexpected CDATA section");
     cdSectionM.clear();
-    XpTextRules::appendWithLineEnds(cdSectionM, theText);
+    XpTextRules::appendWithLineEnds(cdSectionM, lexerM->getTokenText());
     XpDtd::PcDataActor* actor = activeDtdM->getCdSectionActor();
     if (actor == nullptr) {
         actor = activeDtdM->getPcDataActor();
@@ -103,7 +103,7 @@ void XpParserBase::beginElement(const CpsString& theName) {
         imply(*impliedElementM);
         currentElementM = impliedElementM;
     } else {
-        currentElementM = &activeDtdM->obtainElement(theName);
+        currentElementM = &lookupCacheM->obtainElement(*activeDtdM, theName);
     }
     currentNodeM = currentNodeM->next(currentElementM);
     if (currentNodeM == nullptr) {
@@ -128,7 +128,7 @@ void XpParserBase::addAttribute(const CpsString& theName, const CpsString& theLi
                 theName, std::make_unique<XpCDataProcessor>(), XpDtd::Attribute::IMPLIED, nullptr));
         }
     } else {
-        attribute = &currentElementM->getAttribute(theName);
+        attribute = &lookupCacheM->getAttribute(*currentElementM, theName);
     }
     attributesM.add(*attribute,
                     attribute->getProcessor().process(processAttValue(theLiteral), *lexerM,
@@ -137,6 +137,7 @@ void XpParserBase::addAttribute(const CpsString& theName, const CpsString& theLi
 
 void XpParserBase::endStartTag() {
     lexerM->yy_pop_state();
+    attributesM.sort();
     currentElementM->checkRequired(attributesM);
 }
 

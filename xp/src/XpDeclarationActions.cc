@@ -13,14 +13,14 @@ namespace lumnis {
 
 namespace {
 
-constexpr int theOptionalBit = 1;
-constexpr int theRepeatedBit = 2;
+constexpr std::size_t theOptionalBit = 1;
+constexpr std::size_t theRepeatedBit = 2;
 
-bool isOptional(int theModifier) {
+bool isOptional(std::size_t theModifier) {
     return (theModifier & theOptionalBit) != 0;
 }
 
-bool isRepeated(int theModifier) {
+bool isRepeated(std::size_t theModifier) {
     return (theModifier & theRepeatedBit) != 0;
 }
 
@@ -72,17 +72,17 @@ void XpParserBase::specifyChildren() {
     contentSpecM = popFrom(unitStackM);
 }
 
-void XpParserBase::finishModel(int theModifier) {
+void XpParserBase::finishModel(std::size_t theModifier) {
     unitStackM.back()->finish(isOptional(theModifier), isRepeated(theModifier));
 }
 
-void XpParserBase::addName(const CpsString& theName, int theModifier) {
+void XpParserBase::addName(const CpsString& theName, std::size_t theModifier) {
     unitStackM.push_back(std::make_unique<XpDtd::Fsm>(&buildingDtdM->obtainElement(theName),
                                                       isOptional(theModifier),
                                                       isRepeated(theModifier), *modelSizeM));
 }
 
-void XpParserBase::modifyGroup(int theModifier) {
+void XpParserBase::modifyGroup(std::size_t theModifier) {
     unitStackM.back()->applyModifier(isOptional(theModifier), isRepeated(theModifier));
 }
 

@@ -122,6 +122,12 @@ void XpParserBase::leaveParameterEntity() {
 // Entities inside of entities of any depth are read without recursion: each is one input more.
 std::unique_ptr<CpsString> XpParserBase::processAttValue(const CpsString& theLiteral) {
     auto result = std::make_unique<CpsString>();
+    if (theLiteral.view().find('&') == std::string_view::npos &&
+        theLiteral.view().find('<') == std::string_view::npos) {
+        // The scanner would give it back in one piece.
+        XpTextRules::appendWithBlanks(*result, theLiteral);
+        return result;
+    }
     std::vector<const XpDtd::Entity*> openEntities;
     theLiteral.c_str();
     lexerM->yy_push_state(XpLexer::ATTVALUE);
@@ -132,7 +138,8 @@ std::unique_ptr<CpsString> XpParserBase::processAttValue(const CpsString& theLit
                 XpTextRules::appendWithBlanks(*result, lexerM->getText());
                 break;
             case XP_CHARREF:
-                XpTextRules::appendUtf8(*result, lexerM->getValue().codePoint);
+                XpTextRules::appendUtf8(*result,
+                                        static_cast<unsigned>(lexerM->getValue().codePoint));
                 break;
             case XP_ENTITY_REFERENCE: {
                 const XpDtd::Entity& entity = obtainReferenced(*lexerM->getValue().string);
@@ -174,7 +181,8 @@ CpsString XpParserBase::processEntityValue(const CpsString& theLiteral) {
                 break;
             }
             case XP_CHARREF:
-                XpTextRules::appendUtf8(result, lexerM->getValue().codePoint);
+                XpTextRules::appendUtf8(result,
+                                        static_cast<unsigned>(lexerM->getValue().codePoint));
                 break;
             case XP_END_EXPANSION:
                 lexerM->yy_pop_state();

@@ -15,21 +15,24 @@
 // text 2, ExternalID in front of NDATA 4, PUBLIC with a second literal 4.
 %expect 17
 
+// In front of the macros by which bison renames yylex.
+%code top {
+#include "XpLexer.h"
+}
+
 %code requires {
 #include "XpParserBase.h"
 #include "XpTokenValue.h"
 }
 
 %code {
-#include <string_view>
-
 // The stack grows beyond yyparse's frame for deep documents. The parser owns that memory, so it is
 // freed when an exception passes through.
 #define YYMALLOC(theSize) theParser.allocateStack(theSize)
 #define YYFREE(theBlock) theParser.freeStack(theBlock)
 
 static int xplex(XPSTYPE* theValue, lumnis::XpParserBase& theParser) {
-    return theParser.readToken(*theValue);
+    return theParser.getLexer().readToken(*theValue);
 }
 
 static void xperror(lumnis::XpParserBase& theParser, const char* theMessage) {
@@ -37,7 +40,8 @@ static void xperror(lumnis::XpParserBase& theParser, const char* theMessage) {
 }
 }
 
-%token <text> SPACE CHARDATA CDSECT COMMENT
+// Those that stand for text have no value: the scanner holds the text until the next token.
+%token SPACE CHARDATA CDSECT COMMENT
 %token <string> NAME NAME_TOKEN STRING
 %token <codePoint> CHARREF
 %token <string> ENTITY_REFERENCE PE_REFERENCE
@@ -53,7 +57,7 @@ static void xperror(lumnis::XpParserBase& theParser, const char* theMessage) {
 %token <string> BEGIN_STAG ETAG
 %token END_EMPTYTAG L_XMLDECL R_XMLDECL ENCODING STANDALONE
 %token END_EXPANSION END_EXT_EXPANSION END_REFERENCE END_EXT_REFERENCE END_PROLOG
-%token <text> NORMAL_CHARS
+%token NORMAL_CHARS
 %token PARSE_DTD PARSE_PROLOG PARSE_DOCUMENT TOKENS_DEFINED
 
 %type <flag> sepSpace optStar
@@ -98,8 +102,8 @@ optSpc:
   ;
 
 sepSpace:
-    %empty { $$ = false; }
-  | SPACE { theParser.addSpace($1.view()); $$ = true; }
+    %empty { $$ = 0; }
+  | SPACE { theParser.addSpace(); $$ = 1; }
   ;
 
 freeStrings:
@@ -144,7 +148,7 @@ CharData:
   ;
 
 singleCharData:
-    CHARDATA { theParser.addCharData($1.view()); }
+    CHARDATA { theParser.addCharData(); }
   | CHARREF { theParser.addCharacter($1); }
   | EntityRef CharData EndRef
   ;
@@ -246,7 +250,7 @@ Attributes:
   ;
 
 content:
-    sepSpace { theParser.beginWithoutContent($1); }
+    sepSpace { theParser.beginWithoutContent($1 != 0); }
   | moreContent singleContent sepSpace
   ;
 
@@ -257,7 +261,7 @@ flushCharData:
 singleContent:
     flushCharData element freeStrings
   | CharData
-  | flushCharData CDSECT freeStrings { theParser.addCdSection($2.view()); }
+  | flushCharData CDSECT freeStrings { theParser.addCdSection(); }
   | flushCharData PI freeStrings
   | flushCharData COMMENT freeStrings
   | EntityRef singleContent sepSpace EndRef
@@ -327,7 +331,7 @@ moreSeq:
   ;
 
 Mixed:
-    PENestBegin LPAREN optSpc PCDATA optSpc RPAREN optStar PENestEnd { theParser.mixText($7); }
+    PENestBegin LPAREN optSpc PCDATA optSpc RPAREN optStar PENestEnd { theParser.mixText($7 != 0); }
   | PENestBegin LPAREN optSpc PCDATA optSpc PIPE optSpc mixedChoice optSpc RPAREN PENestEnd STAR { theParser.closeMixed(); }
   ;
 
@@ -337,8 +341,8 @@ mixedChoice:
   ;
 
 optStar:
-    %empty { $$ = false; }
-  | STAR { $$ = true; }
+    %empty { $$ = 0; }
+  | STAR { $$ = 1; }
   ;
 
 // Attribute declarations.

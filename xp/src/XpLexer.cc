@@ -109,13 +109,8 @@ void XpLexer::yy_pop_state() {
     conditionStackM.pop_back();
 }
 
-CpsString* XpLexer::internString(std::string_view theText) {
-    if (stringsUsedM == stringsM.size()) {
-        stringsM.push_back(std::make_unique<CpsString>());
-    }
-    CpsString* string = stringsM[stringsUsedM++].get();
-    string->assign(theText);
-    return string;
+void XpLexer::addString() {
+    stringsM.push_back(std::make_unique<CpsString>());
 }
 
 const std::shared_ptr<XpDtd::Id>& XpLexer::obtainId(std::string_view theName) {
@@ -148,31 +143,15 @@ void XpLexer::failAtText(std::string_view theMessage) const {
     fail(CpsString(theMessage, yytextM));
 }
 
-void XpLexer::takeWord(const unsigned char* theCursor) {
-    yytextM = {reinterpret_cast<const char*>(cursorM),
-               static_cast<std::size_t>(theCursor - cursorM)};
-    cursorM = theCursor;
-}
-
-void XpLexer::take(const unsigned char* theCursor) {
+void XpLexer::takeRun(const unsigned char* theCursor) {
     takeWord(theCursor);
     if (inputStackM.empty()) {
-        lineM += static_cast<unsigned>(std::count(yytextM.begin(), yytextM.end(), '\n'));
+        std::string_view rest = yytextM;
+        for (std::size_t at = rest.find('\n'); at != std::string_view::npos; at = rest.find('\n')) {
+            ++lineM;
+            rest.remove_prefix(at + 1);
+        }
     }
-}
-
-std::string_view XpLexer::inner(std::size_t theHead, std::size_t theTail) const {
-    return yytextM.substr(theHead, yytextM.size() - theHead - theTail);
-}
-
-int XpLexer::textToken(int theToken, std::string_view theText) {
-    yylvalM.text = {theText.data(), theText.size()};
-    return theToken;
-}
-
-int XpLexer::stringToken(int theToken, std::string_view theText) {
-    yylvalM.string = internString(theText);
-    return theToken;
 }
 
 int XpLexer::characterToken(std::string_view theDigits, unsigned theRadix) {

@@ -8,6 +8,7 @@
 #include "XpFsm.h"
 #include "XpGrammar.h"
 #include "XpLexer.h"
+#include "XpLookupCache.h"
 #include "XpParserError.h"
 
 namespace lumnis {
@@ -15,6 +16,7 @@ namespace lumnis {
 XpParserBase::XpParserBase(const CpsString* theInput, void* theContext)
     : lexerM(std::make_unique<XpLexer>(theInput)),
       contextM(theContext),
+      lookupCacheM(std::make_unique<XpLookupCache>()),
       modelSizeM(std::make_unique<XpModelSize>()) {}
 
 XpParserBase::~XpParserBase() = default;
@@ -34,12 +36,6 @@ void XpParserBase::parse() {
         internalSubsetM->setPiActor(nullptr);
         internalSubsetM->setWhitespaceActor(nullptr);
     }
-}
-
-int XpParserBase::readToken(XpTokenValue& theValue) {
-    const int token = lexerM->yylex();
-    theValue = lexerM->getValue();
-    return token;
 }
 
 void XpParserBase::failToParse(std::string_view theMessage) {

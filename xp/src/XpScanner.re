@@ -55,11 +55,11 @@ int XpLexer::yylex() {
             <PROLOG> "standalone" { takeWord(cursor); return XP_STANDALONE; }
 
             <DTD, PROLOG, CONTENT> "<!--" inComment* "-->" {
-                take(cursor);
+                takeRun(cursor);
                 return textToken(XP_COMMENT, inner(4, 3));
             }
-            <DTD, PROLOG, CONTENT> "<!--" inComment* "--" { take(cursor); fail("-- inside comment"); }
-            <DTD, PROLOG, CONTENT> "<!--" inComment* "-"? { take(cursor); fail("unterminated comment"); }
+            <DTD, PROLOG, CONTENT> "<!--" inComment* "--" { takeRun(cursor); fail("-- inside comment"); }
+            <DTD, PROLOG, CONTENT> "<!--" inComment* "-"? { takeRun(cursor); fail("unterminated comment"); }
             <DTD, PROLOG, CONTENT> "<!" "-"? { takeWord(cursor); fail("syntax error at <!"); }
 
             <DTD> "<!ELEMENT"     { takeWord(cursor); return XP_ELEMENTDECLSTART; }
@@ -71,16 +71,16 @@ int XpLexer::yylex() {
             <DTD> "<![" optS  { take(cursor); return XP_START_COND_SECT; }
             <DTD> "]]>"       { takeWord(cursor); return XP_END_COND_SECT; }
             <DTD> "]]"        { takeWord(cursor); fail("syntax error at ]]"); }
-            <IGNORESECT> ignoredUpTo "<!["     { take(cursor); return XP_START_COND_SECT; }
-            <IGNORESECT> ignored "]" "]"+ ">"  { take(cursor); return XP_END_COND_SECT; }
-            <IGNORESECT> inIgnored+            { take(cursor); continue; }
+            <IGNORESECT> ignoredUpTo "<!["     { takeRun(cursor); return XP_START_COND_SECT; }
+            <IGNORESECT> ignored "]" "]"+ ">"  { takeRun(cursor); return XP_END_COND_SECT; }
+            <IGNORESECT> inIgnored+            { takeRun(cursor); continue; }
             // The byte behind has been matched, so a line feed counts here and once more when it
             // is read again.
-            <IGNORESECT> ignoredUpTo "<!" [^[]  { take(cursor); --cursorM; continue; }
-            <IGNORESECT> ignored "]"+ [^\]>]    { take(cursor); --cursorM; continue; }
-            <IGNORESECT> ignored "]>"           { take(cursor); continue; }
+            <IGNORESECT> ignoredUpTo "<!" [^[]  { takeRun(cursor); --cursorM; continue; }
+            <IGNORESECT> ignored "]"+ [^\]>]    { takeRun(cursor); --cursorM; continue; }
+            <IGNORESECT> ignored "]>"           { takeRun(cursor); continue; }
             <IGNORESECT> ignoredUpTo ("<" | "<!") | ignored ("]" | "]]") {
-                take(cursor);
+                takeRun(cursor);
                 fail("unterminated conditional section");
             }
 
@@ -96,11 +96,11 @@ int XpLexer::yylex() {
             <PITARGET> S    { take(cursor); conditionM = PIDATA; continue; }
             <PITARGET> any  { take(cursor); fail("processor instruction syntax error"); }
             <PIDATA> inPi* "?"+ ">" {
-                take(cursor);
+                takeRun(cursor);
                 yy_pop_state();
                 return stringToken(XP_PI_STRING, inner(0, 2));
             }
-            <PIDATA> inPi+ "?"* | "?"+ { take(cursor); fail("unterminated processor instruction"); }
+            <PIDATA> inPi+ "?"* | "?"+ { takeRun(cursor); fail("unterminated processor instruction"); }
 
             <DTD, PROLOG, TAG> optS ">" { take(cursor); return XP_RANGLE; }
             <DTD> "(" optS          { take(cursor); return XP_LPAREN; }
@@ -147,8 +147,8 @@ int XpLexer::yylex() {
                 takeWord(cursor);
                 return stringToken(XP_NAME_TOKEN, yytextM);
             }
-            <DTD, PROLOG, TAG> ["] [^"]* ["] { take(cursor); return stringToken(XP_STRING, inner(1, 1)); }
-            <DTD, PROLOG, TAG> ['] [^']* ['] { take(cursor); return stringToken(XP_STRING, inner(1, 1)); }
+            <DTD, PROLOG, TAG> ["] [^"]* ["] { takeRun(cursor); return stringToken(XP_STRING, inner(1, 1)); }
+            <DTD, PROLOG, TAG> ['] [^']* ['] { takeRun(cursor); return stringToken(XP_STRING, inner(1, 1)); }
             <DTD, PROLOG, TAG> ["] { takeWord(cursor); fail("unmatched \""); }
             <DTD, PROLOG, TAG> ['] { takeWord(cursor); fail("unmatched '"); }
 
@@ -165,17 +165,17 @@ int XpLexer::yylex() {
             <TAG> optS "/>" { take(cursor); return XP_END_EMPTYTAG; }
             <TAG> optS "/"  { take(cursor); failAtText("syntax error: "); }
 
-            <CONTENT> inText+ "]"* | "]"+ { take(cursor); return textToken(XP_CHARDATA, yytextM); }
-            <CONTENT> inText* "]" "]"+ ">" { take(cursor); fail("unexpected ]]>"); }
+            <CONTENT> inText+ "]"* | "]"+ { takeRun(cursor); return textToken(XP_CHARDATA, yytextM); }
+            <CONTENT> inText* "]" "]"+ ">" { takeRun(cursor); fail("unexpected ]]>"); }
             <CONTENT> "<![CDATA[" inCdata* "]" "]"+ ">" {
-                take(cursor);
+                takeRun(cursor);
                 return textToken(XP_CDSECT, inner(9, 3));
             }
             <CONTENT> "<![" nmtoken? "["? { takeWord(cursor); failAtText("syntax error: "); }
-            <CONTENT> "<![CDATA[" inCdata* "]"* { take(cursor); fail("unterminated CDATA section"); }
+            <CONTENT> "<![CDATA[" inCdata* "]"* { takeRun(cursor); fail("unterminated CDATA section"); }
 
-            <ENTITYVALUE> [^%&]+ { take(cursor); return textToken(XP_NORMAL_CHARS, yytextM); }
-            <ATTVALUE> [^<&]+    { take(cursor); return textToken(XP_NORMAL_CHARS, yytextM); }
+            <ENTITYVALUE> [^%&]+ { takeRun(cursor); return textToken(XP_NORMAL_CHARS, yytextM); }
+            <ATTVALUE> [^<&]+    { takeRun(cursor); return textToken(XP_NORMAL_CHARS, yytextM); }
             <DTD, ENTITYVALUE> "%" name ";" {
                 takeWord(cursor);
                 return stringToken(XP_PE_REFERENCE, inner(1, 1));

@@ -8,14 +8,15 @@ namespace {
 
 constexpr std::string_view theSpaces = "\t\n\r ";
 
-// Appends theText in pieces between the bytes of theSet, which with a line feed behind a carriage
-// return become theByte.
-void appendReplacing(CpsString& theOutput, std::string_view theText, std::string_view theSet,
-                     char theByte) {
+// Appends theText in pieces between the bytes that isSpecial knows, which with a line feed behind
+// a carriage return become theByte.
+template <typename Test>
+void appendReplacing(CpsString& theOutput, std::string_view theText, Test isSpecial, char theByte) {
     for (;;) {
-        const std::size_t at = theText.find_first_of(theSet);
+        const auto place = std::find_if(theText.begin(), theText.end(), isSpecial);
+        const auto at = static_cast<std::size_t>(place - theText.begin());
         XpTextRules::append(theOutput, theText.substr(0, at));
-        if (at == std::string_view::npos) {
+        if (at == theText.size()) {
             return;
         }
         XpTextRules::append(theOutput, {&theByte, 1});
@@ -37,11 +38,18 @@ void XpTextRules::append(CpsString& theOutput, std::string_view theText) {
 }
 
 void XpTextRules::appendWithLineEnds(CpsString& theOutput, std::string_view theText) {
-    appendReplacing(theOutput, theText, "\r", '\n');
+    if (theText.find('\r') == std::string_view::npos) {
+        append(theOutput, theText);
+        return;
+    }
+    appendReplacing(
+        theOutput, theText, [](char theChar) { return theChar == '\r'; }, '\n');
 }
 
 void XpTextRules::appendWithBlanks(CpsString& theOutput, std::string_view theText) {
-    appendReplacing(theOutput, theText, "\t\n\r", ' ');
+    appendReplacing(
+        theOutput, theText,
+        [](char theChar) { return theChar == '\t' || theChar == '\n' || theChar == '\r'; }, ' ');
 }
 
 void XpTextRules::appendUtf8(CpsString& theOutput, unsigned theCodePoint) {

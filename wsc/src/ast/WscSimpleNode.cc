@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "FwTraceScope.h"
 #include "WscCompilerException.h"
 
 namespace lumnis {
@@ -35,6 +36,7 @@ static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::MetaUserAgent)]
 }  // namespace
 
 void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
+    FwTraceScope scope("WscSimpleNode::runSemanticAction");
     std::vector<WscActionFrame> begun;
     begun.push_back({this});
     while (!begun.empty()) {
@@ -51,6 +53,7 @@ void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
 
 void WscSimpleNode::dump(const CpsString& thePrefix, std::ostream& theStream,
                          std::ostream& theConsole) const {
+    FwTraceScope scope("WscSimpleNode::dump");
     // The nodes on the way down from here. One prefix serves them all: it grows with the way.
     std::vector<const WscSimpleNode*> path;
     CpsString prefix(thePrefix);
@@ -84,24 +87,6 @@ CpsString WscSimpleNode::getNodeName() const {
     return theNodeNames[static_cast<std::size_t>(nodeTypeM)];
 }
 
-void WscSimpleNode::addChild(WscSimpleNode* theChild) noexcept {
-    if (lastChildM == nullptr) {
-        theChild->nextSiblingM = theChild;
-    } else {
-        theChild->nextSiblingM = lastChildM->nextSiblingM;
-        lastChildM->nextSiblingM = theChild;
-    }
-    lastChildM = theChild;
-}
-
-const WscSimpleNode* WscSimpleNode::getChild(unsigned theIndex) const noexcept {
-    const WscSimpleNode* child = getFirstChild();
-    while (theIndex-- != 0) {
-        child = child->nextSiblingM;
-    }
-    return child;
-}
-
 unsigned WscSimpleNode::getNumChildren() const noexcept {
     unsigned count = 0;
     for (const WscSimpleNode* child = getFirstChild(); child != nullptr;
@@ -109,12 +94,6 @@ unsigned WscSimpleNode::getNumChildren() const noexcept {
         ++count;
     }
     return count;
-}
-
-const WscSimpleNode* WscSimpleNode::nextChild(WscActionFrame& theFrame) const noexcept {
-    theFrame.currentChild =
-        theFrame.currentChild == nullptr ? getFirstChild() : getNextChild(theFrame.currentChild);
-    return theFrame.currentChild;
 }
 
 void WscSimpleNode::fail(const CpsString& theMessage) const {

@@ -93,9 +93,23 @@ class WscSimpleNode {
     CpsString getNodeName() const;
 
     // Appends. A node has one parent.
-    void addChild(WscSimpleNode* theChild) noexcept;
+    void addChild(WscSimpleNode* theChild) noexcept {
+        if (lastChildM == nullptr) {
+            theChild->nextSiblingM = theChild;
+        } else {
+            theChild->nextSiblingM = lastChildM->nextSiblingM;
+            lastChildM->nextSiblingM = theChild;
+        }
+        lastChildM = theChild;
+    }
     // theIndex below getNumChildren. Costs theIndex steps; lists are walked by getNextChild.
-    const WscSimpleNode* getChild(unsigned theIndex) const noexcept;
+    const WscSimpleNode* getChild(unsigned theIndex) const noexcept {
+        const WscSimpleNode* child = getFirstChild();
+        while (theIndex-- != 0) {
+            child = child->nextSiblingM;
+        }
+        return child;
+    }
     // Costs a step a child.
     unsigned getNumChildren() const noexcept;
     // Null when there is none.
@@ -121,7 +135,12 @@ class WscSimpleNode {
     virtual CpsString getDumpText() const { return {}; }
 
     // Steps through all children in order: the next one, or null behind the last.
-    const WscSimpleNode* nextChild(WscActionFrame& theFrame) const noexcept;
+    const WscSimpleNode* nextChild(WscActionFrame& theFrame) const noexcept {
+        theFrame.currentChild = theFrame.currentChild == nullptr
+                                    ? getFirstChild()
+                                    : getNextChild(theFrame.currentChild);
+        return theFrame.currentChild;
+    }
     [[noreturn]] void fail(const CpsString& theMessage) const;
 
   private:

@@ -3,13 +3,12 @@
 #pragma once
 
 #include <cstddef>
-#include <memory_resource>
-#include <new>
 #include <span>
 #include <type_traits>
 #include <utility>
 #include <vector>
 
+#include "WscArena.h"
 #include "WscInstructions.h"
 
 namespace lumnis {
@@ -20,8 +19,7 @@ class WscFunctionCode {
     template <class Instruction, class... Arguments>
     Instruction* make(Arguments&&... theArguments) {
         static_assert(std::is_trivially_destructible_v<Instruction>);
-        void* place = arenaM.allocate(sizeof(Instruction), alignof(Instruction));
-        return new (place) Instruction(std::forward<Arguments>(theArguments)...);
+        return arenaM.make<Instruction>(std::forward<Arguments>(theArguments)...);
     }
     void append(WscInstruction* theInstruction) { instructionsM.push_back(theInstruction); }
 
@@ -29,13 +27,13 @@ class WscFunctionCode {
     void truncate(std::size_t theCount) { instructionsM.resize(theCount); }
     void clear() {
         instructionsM.clear();
-        arenaM.release();
+        arenaM.clear();
     }
 
     std::span<WscInstruction*> instructions() noexcept { return instructionsM; }
 
   private:
-    std::pmr::monotonic_buffer_resource arenaM{4096};
+    WscArena arenaM;
     std::vector<WscInstruction*> instructionsM;
 };
 

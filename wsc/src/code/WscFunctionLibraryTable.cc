@@ -1,5 +1,7 @@
 #include "WscFunctionLibraryTable.h"
 
+#include "FwTraceScope.h"
+
 namespace lumnis {
 
 namespace {
@@ -134,6 +136,7 @@ const WscFunctionLibraryTable& WscFunctionLibraryTable::instance() {
 }
 
 WscFunctionLibraryTable::WscFunctionLibraryTable() {
+    FwTraceScope scope("WscFunctionLibraryTable::WscFunctionLibraryTable");
     for (const Row& row : theFunctions) {
         librariesM[row.library].emplace(row.function,
                                         FuncLibData(row.libraryId, row.functionId, row.numParams));

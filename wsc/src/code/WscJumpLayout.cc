@@ -18,6 +18,7 @@
 #include <cstddef>
 #include <stdexcept>
 #include <vector>
+#include "FwTraceScope.h"
 
 namespace lumnis {
 
@@ -70,8 +71,8 @@ WscOpcode opcodeFor(const Jump& theJump) {
 
 class Layout {
   public:
-    Layout(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) : codeM(theCode) {
-        collect(theFirstLabel);
+    Layout(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
+        collect(theCode, theFirstLabel);
     }
 
     std::int64_t run() {
@@ -96,28 +97,41 @@ class Layout {
     }
 
   private:
+    // A jump or a label, and the bytes of other instructions in front of it.
+    struct Flow {
+        WscFlowInstruction* instruction;
+        std::uint32_t gap;
+    };
+
     // The first layout, with one byte for each jump, and what follows from it.
-    void collect(std::uint32_t theFirstLabel) {
+    void collect(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
         // For each label: its instruction and the number of jumps in front of it.
         std::vector<const WscFlowInstruction*> labels;
         std::vector<std::size_t> jumpsBefore;
-        for (WscInstruction* instruction : codeM) {
-            if (instruction->is(WscOpcode::PseudoLabel)) {
-                const auto* label = static_cast<WscFlowInstruction*>(instruction);
-                const std::size_t index = label->getLabel() - theFirstLabel;
+        std::uint32_t gap = 0;
+        for (WscInstruction* instruction : theCode) {
+            if (!isFlow(*instruction)) {
+                gap += instruction->getSize();
+                continue;
+            }
+            auto* flow = static_cast<WscFlowInstruction*>(instruction);
+            flowsM.push_back({flow, gap});
+            gap = 0;
+            if (flow->is(WscOpcode::PseudoLabel)) {
+                const std::size_t index = flow->getLabel() - theFirstLabel;
                 if (index >= labels.size()) {
                     labels.resize(index + 1);
                     jumpsBefore.resize(index + 1);
                 }
-                labels[index] = label;
+                labels[index] = flow;
                 jumpsBefore[index] = jumpsM.size();
-            } else if (instruction->is(WscOpcode::PseudoJump) ||
-                       instruction->is(WscOpcode::PseudoTjump)) {
-                instruction->setSize(1);
-                jumpsM.push_back({static_cast<WscFlowInstruction*>(instruction), nullptr, 0, 0, 0,
-                                  0, false, instruction->is(WscOpcode::PseudoTjump)});
+            } else {
+                flow->setSize(1);
+                jumpsM.push_back(
+                    {flow, nullptr, 0, 0, 0, 0, false, flow->is(WscOpcode::PseudoTjump)});
             }
         }
+        tailM = gap;
         place();
         for (std::size_t i = 0; i < jumpsM.size(); ++i) {
             Jump& jump = jumpsM[i];
@@ -131,17 +145,21 @@ class Layout {
         }
     }
 
+    static bool isFlow(const WscInstruction& theInstruction) noexcept {
+        return theInstruction.is(WscOpcode::PseudoLabel) ||
+               theInstruction.is(WscOpcode::PseudoJump) ||
+               theInstruction.is(WscOpcode::PseudoTjump);
+    }
+
     // Sets all positions by the sizes as they are; returns the size of the code.
-    std::uint32_t place() {
+    std::uint32_t place() noexcept {
         std::uint32_t position = 0;
-        for (WscInstruction* instruction : codeM) {
-            if (instruction->is(WscOpcode::PseudoLabel) || instruction->is(WscOpcode::PseudoJump) ||
-                instruction->is(WscOpcode::PseudoTjump)) {
-                static_cast<WscFlowInstruction*>(instruction)->setPos(position);
-            }
-            position += instruction->getSize();
+        for (const Flow& flow : flowsM) {
+            position += flow.gap;
+            flow.instruction->setPos(position);
+            position += flow.instruction->getSize();
         }
-        return position;
+        return position + tailM;
     }
 
     static std::uint32_t offsetOf(const Jump& theJump) noexcept {
@@ -178,14 +196,16 @@ class Layout {
         }
     }
 
-    std::span<WscInstruction* const> codeM;
-    std::vector<Jump> jumpsM;
+    std::vector<Flow> flowsM;  // in order
+    std::uint32_t tailM = 0;   // bytes behind the last of them
+    std::vector<Jump> jumpsM;  // in order
     std::vector<std::size_t> disturbedM;
 };
 
 }  // namespace
 
 std::int64_t layoutJumps(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
+    FwTraceScope scope("layoutJumps");
     return Layout(theCode, theFirstLabel).run();
 }
 

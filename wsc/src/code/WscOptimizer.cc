@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "FwTraceScope.h"
+
 namespace lumnis {
 
 namespace {
@@ -347,6 +349,7 @@ std::span<const Action> WscOptimizer::getFrameAction(std::uint32_t theFrame) con
 }
 
 void WscOptimizer::optimizeFunctionCode(WscFunctionCode& theCode, bool isOptimizing) const {
+    FwTraceScope scope("WscOptimizer::optimizeFunctionCode");
     if (!isOptimizing || theCode.instructions().size() < 2) {
         return;
     }

@@ -1,0 +1,64 @@
+// Memory for what dies with a compilation or with a function: taken a piece at a time, given back
+// all at once, without a call for each.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <utility>
+#include <vector>
+
+namespace lumnis {
+
+class WscArena {
+  public:
+    // An object that lives until clear or the arena's end. Its destructor is not called.
+    template <class Object, class... Arguments>
+    Object* make(Arguments&&... theArguments) {
+        static_assert(alignof(Object) <= theAlignment);
+        return new (allocate(sizeof(Object))) Object(std::forward<Arguments>(theArguments)...);
+    }
+
+    // theSize bytes, aligned for pointers and numbers of eight bytes.
+    void* allocate(std::size_t theSize) {
+        const std::size_t size = (theSize + theAlignment - 1) / theAlignment * theAlignment;
+        if (size > static_cast<std::size_t>(limitM - nextM)) {
+            addChunk(size);
+        }
+        void* result = nextM;
+        nextM += size;
+        return result;
+    }
+
+    // Ends everything that has been made. The last chunk stays for what comes.
+    void clear() noexcept {
+        if (!chunksM.empty()) {
+            chunksM.front().swap(chunksM.back());
+            chunksM.resize(1);
+            nextM = chunksM.front().get();
+        }
+    }
+
+  private:
+    static constexpr std::size_t theAlignment = 8;
+    // Chunks double from the first size to the largest: small scripts take little, and of a
+    // large one's memory only a part of one chunk is left over.
+    static constexpr std::size_t theFirstChunk = 2048;
+    static constexpr std::size_t theLargestChunk = 65536;
+
+    void addChunk(std::size_t theSize) {
+        const std::size_t size = std::max(theSize, chunkSizeM);
+        chunksM.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
+        nextM = chunksM.back().get();
+        limitM = nextM + size;
+        chunkSizeM = std::min(2 * chunkSizeM, theLargestChunk);
+    }
+
+    std::vector<std::unique_ptr<std::byte[]>> chunksM;
+    std::byte* nextM = nullptr;  // the free part of the last chunk
+    std::byte* limitM = nullptr;
+    std::size_t chunkSizeM = theFirstChunk;
+};
+
+}  // namespace lumnis
