@@ -167,6 +167,8 @@ TEST(EncodeDriver, cutsALongMessageBetweenCharacters) {
         WmlEncodeDriver::storeErrorText(std::string(length, 'x'), &out.error);
         EXPECT_EQ(std::string(out.error), std::string(1023, 'x')) << length;
     }
+    WmlEncodeDriver::storeErrorText(std::string(2000, '\x80'), &out.error);
+    EXPECT_EQ(std::string(out.error), std::string(1020, '\x80'));
 }
 
 TEST(EncodeDriver, keepsATextForEachThread) {

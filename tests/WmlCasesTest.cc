@@ -13,12 +13,18 @@
 #include <lumnisutil.h>
 
 #include <cstdlib>
+#include <list>
 #include <sstream>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "CaseFile.h"
 #include "HedCharsetMap.h"
+#include "WmlDeckActors.h"
 #include "WmlDirector.h"
+#include "WmlDtdTexts.h"
+#include "WmlTaskActors.h"
 #include "XaProducer.h"
 
 namespace lumnis {
@@ -152,6 +158,96 @@ TEST_P(WmlCases, deckGivesBytesOrMessage) {
     if (const CaseSection* meta = testCase.section("meta")) {
         EXPECT_EQ(meta->lines, outcome.metaData);
     }
+}
+
+// Every case through its own road, with the result as one text.
+std::vector<std::string> runAll(const std::vector<Case>& theCases) {
+    std::vector<std::string> results;
+    for (const Case& each : theCases) {
+        const Options options = readOptions(each);
+        const std::string source = options.doctype + each.source;
+        const Outcome outcome =
+            options.isForProducer ? runProducer(source, options) : runExport(source);
+        results.push_back(outcome.bytes + "\n" + outcome.message);
+    }
+    return results;
+}
+
+// Registered in front of the cases, so that the threads meet where the director is made.
+TEST(WmlThreads, GetWhatOneThreadGets) {
+    constexpr std::size_t theThreads = 8;
+    const std::vector<Case> cases = test::readCases("wml");
+    std::vector<std::vector<std::string>> found(theThreads);
+    std::vector<std::thread> threads;
+    for (std::vector<std::string>& mine : found) {
+        threads.emplace_back([&mine, &cases] {
+            WmlDirector::init();
+            mine = runAll(cases);
+        });
+    }
+    for (std::thread& each : threads) {
+        each.join();
+    }
+    const std::vector<std::string> expected = runAll(cases);
+    for (const std::vector<std::string>& each : found) {
+        EXPECT_EQ(expected, each);
+    }
+}
+
+// The setting is off in the library; an actor that has it on shows what it does.
+TEST(DoTagActor, RefusesASecondNameWithValidation) {
+    const auto encode = [](const std::string& theCards) {
+        XpDtd dtd;
+        XaDirector::setupDtd(theWml13DtdText, dtd);
+        DoTagActor doActor({dtd, dtd.obtainElement("do"), 3}, true);
+        CardTagActor cardActor({dtd, dtd.obtainElement("card"), 3});
+        dtd.obtainElement("do").setActor(&doActor);
+        dtd.obtainElement("card").setActor(&cardActor);
+        std::list<XaMetaData> metaData;
+        WmlCtrl ctrl(theUtf8Charset, metaData);
+        const CpsString document("<wml>" + theCards + "</wml>");
+        XpParser parser(&document, nullptr, nullptr, nullptr);
+        parser.parseProlog();
+        parser.setDtd(&dtd, static_cast<XaWbxmlCtrl*>(&ctrl), nullptr, nullptr, nullptr, nullptr,
+                      nullptr);
+        try {
+            parser.parseDocument();
+        } catch (const XpParserError& error) {
+            return std::string(error.toString().view());
+        }
+        return std::string();
+    };
+    const std::string text = "error: duplicate declaration of do element with same name: ";
+    const auto card = [](const std::string& theDos) { return "<card>" + theDos + "</card>"; };
+    const std::string help = "<do type='help'><noop/></do>";
+    const std::string named = "<do type='help' name='n'><noop/></do>";
+    EXPECT_EQ(encode(card(help + help)), text + "help");
+    EXPECT_EQ(encode(card(named + named)), text + "n");
+    EXPECT_EQ(encode(card("<do type='n'><noop/></do>" + named)), text + "n");
+    EXPECT_EQ(encode(card(help + named)), "");
+    EXPECT_EQ(encode(card(help) + card(help)), "");
+}
+
+// All elements in one deck, cut behind every byte: a message with a line, and then the whole deck
+// as before.
+TEST(WmlDecks, CutAnywhereAreRefused) {
+    WmlDirector::init();
+    const std::string deck =
+        makeDoctype("1.3") +
+        "<wml><head><meta name='a' content='b'/></head><template><do type='prev'><prev/></do>"
+        "</template><card title='$(t)&nbsp;'><timer value='1'/><p>a<b>c<![CDATA[d]]></b><select>"
+        "<optgroup><option>e</option></optgroup></select><input name='f'/><fieldset><anchor>g"
+        "<go href='http://h'><postfield name='i' value='$j'/></go></anchor></fieldset><table "
+        "columns='1'><tr><td><img alt='' src='k'/></td></tr></table></p><?l m?><!-- n --><pre "
+        "xml:space='preserve'>o</pre></card></wml>";
+    const Outcome whole = runExport(deck);
+    EXPECT_NE("", whole.bytes) << whole.message;
+    for (std::size_t length = 1; length < deck.size(); ++length) {
+        const Outcome cut = runExport(deck.substr(0, length));
+        EXPECT_EQ("", cut.bytes) << length;
+        EXPECT_NE(std::string::npos, cut.message.find("(before or at line: 1)")) << length;
+    }
+    EXPECT_EQ(whole.bytes, runExport(deck).bytes);
 }
 
 INSTANTIATE_TEST_SUITE_P(all, WmlCases, testing::ValuesIn(test::readCases("wml")),

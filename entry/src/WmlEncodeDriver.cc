@@ -100,7 +100,11 @@ void WmlEncodeDriver::storeErrorText(std::string_view theText, char** theErrorTe
     static thread_local std::array<char, 1024> buffer;
     std::size_t length = std::min(theText.size(), buffer.size() - 1);
     if (length < theText.size()) {
-        while (length > 0 && (static_cast<unsigned char>(theText[length]) & 0xC0) == 0x80) {
+        const auto isContinuation = [](char theByte) {
+            return (static_cast<unsigned char>(theByte) & 0xC0) == 0x80;
+        };
+        // No further than a character of UTF-8 is long: a message may quote malformed text.
+        for (int i = 0; i < 3 && isContinuation(theText[length]); ++i) {
             --length;
         }
     }

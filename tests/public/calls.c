@@ -47,6 +47,24 @@ static void compileBad(void) {
     free(error);
 }
 
+static void encodeGood(void) {
+    static const char source[] = "<wml><card id='c'/></wml>";
+    /* Version, unknown identifier, UTF-8, no string table; wml with content, card with
+     * attributes, id, STR_I, END of attributes, END of wml. */
+    static const char expected[] =
+        "\x01\x01\x6A\x00\x7F\xA7\x55\x03"
+        "c\x00\x01\x01";
+    char mark = 'm';
+    char* result = NULL;
+    char* error = &mark;
+    unsigned short length = 0;
+    CHECK(WMLEncode(source, (int)strlen(source), &result, &length, &error) == 0);
+    CHECK(length == sizeof expected - 1);
+    CHECK(result != NULL && memcmp(result, expected, sizeof expected - 1) == 0);
+    CHECK(error == &mark);
+    free(result);
+}
+
 /* The text of a refused deck is the library's, the block that comes with it the caller's. */
 static void encodeBad(void) {
     static const char source[] = "<!DOCTYPE wml [\n<!ELEMENT wml>]>\n<wml/>";
@@ -65,6 +83,7 @@ static void encodeBad(void) {
 int main(void) {
     compileGood();
     compileBad();
+    encodeGood();
     encodeBad();
     return failures == 0 ? 0 : 1;
 }
