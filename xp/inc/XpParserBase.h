@@ -12,13 +12,6 @@
 #include "XpEntityResolver.h"
 
 namespace lumnis {
-class XpParserBase;
-}
-
-// The generated parser. 0 on success; every other outcome is an exception.
-int xpparse(lumnis::XpParserBase& theParser);
-
-namespace lumnis {
 
 class XpLexer;
 class XpLookupCache;
