@@ -24,14 +24,14 @@ class XpDtd::AttValue {
 
 class XpDtd::AttValueCData final : public XpDtd::AttValue {
   public:
-    explicit AttValueCData(std::unique_ptr<CpsString> theData) : dataM(std::move(theData)) {}
+    explicit AttValueCData(CpsString theData) : dataM(std::move(theData)) {}
 
-    const CpsString& getData() const { return *dataM; }
+    const CpsString& getData() const { return dataM; }
     bool operator==(const AttValue& theOther) const override;
-    CpsString toString() const override { return *dataM; }
+    CpsString toString() const override { return dataM; }
 
   private:
-    std::unique_ptr<CpsString> dataM;
+    CpsString dataM;
 };
 
 // IDs belong to the table of one parse. The values keep them alive beyond it, so that the default

@@ -19,6 +19,8 @@ class XpDtd::AttributeMap {
     using Entries = std::vector<Entry>;
 
     AttributeMap();
+    AttributeMap(const AttributeMap&) = delete;
+    AttributeMap& operator=(const AttributeMap&) = delete;
     ~AttributeMap();
 
     // Null if theAttribute is not there. The value stays the map's.

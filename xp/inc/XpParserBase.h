@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <set>
 #include <string_view>
 #include <vector>
@@ -11,17 +12,11 @@
 #include "XpEntityResolver.h"
 
 namespace lumnis {
-class XpParserBase;
-}
-
-// The generated parser. 0 on success; every other outcome is an exception.
-int xpparse(lumnis::XpParserBase& theParser);
-
-namespace lumnis {
 
 class XpLexer;
 class XpLookupCache;
 class XpModelSize;
+struct XpPseudoElements;
 
 class XpParserBase {
   public:
@@ -179,7 +174,7 @@ class XpParserBase {
     void expand(const CpsString& theText, int theEndToken);
     void markInProgress(const XpDtd::Entity& theEntity);
     // The text of an attribute's literal: references expanded, white space made blanks.
-    std::unique_ptr<CpsString> processAttValue(const CpsString& theLiteral);
+    CpsString processAttValue(const CpsString& theLiteral);
     // The text of an entity's literal: references to general entities stay.
     CpsString processEntityValue(const CpsString& theLiteral);
     void testRedeclaration(const CpsString& theName);
@@ -202,6 +197,7 @@ class XpParserBase {
     XpDtd::Element* impliedElementM = nullptr;  // of buildingDtdM, behind the present start tag
     std::vector<const XpDtd::Element*> elementStackM;
     std::unique_ptr<XpLookupCache> lookupCacheM;
+    const XpPseudoElements& pseudoM;
     XpDtd::AttributeMap attributesM;  // of the present start tag
     CpsString textM;                  // character data not yet reported
     bool textHasDataM = false;        // more than white space
@@ -217,7 +213,7 @@ class XpParserBase {
     std::vector<XpDtd::AttributeDefinition> attDefsM;  // the newest last
     std::unique_ptr<XpDtd::AttValueProcessor> attProcessorM;
     XpDtd::Attribute::DefaultKind attDefaultKindM = XpDtd::Attribute::IMPLIED;
-    std::unique_ptr<CpsString> attDefaultTextM;
+    std::optional<CpsString> attDefaultTextM;
     std::unique_ptr<XpDtd::ItemValue> pendingValueM;  // of an entity or notation
     bool inInternalSubsetM = false;                   // once set, never cleared
     bool standaloneM = false;

@@ -21,8 +21,8 @@ class XpDtd::AttValueProcessor {
     // theText has passed the text step: references expanded, white space made blanks.
     // theActiveDtd is the one to look in. theBuildingDtd may be extended; it is null in a
     // validating parse. Throws an XpException.
-    virtual std::unique_ptr<const AttValue> process(std::unique_ptr<CpsString> theText,
-                                                    XpLexer& theLexer, const XpDtd& theActiveDtd,
+    virtual std::unique_ptr<const AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                    const XpDtd& theActiveDtd,
                                                     XpDtd* theBuildingDtd) const = 0;
     // True if an attribute of this type may be declared with theValue, which may be null.
     virtual bool checkDefault(const AttValue* theValue, Attribute::DefaultKind theKind) const;
@@ -32,16 +32,16 @@ class XpDtd::AttValueProcessor {
 // Takes the text as it is.
 class XpCDataProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 // Enters the name in the scanner's table of IDs as defined; once for each name.
 class XpIdProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
     bool checkDefault(const XpDtd::AttValue* theValue,
                       XpDtd::Attribute::DefaultKind theKind) const override;
@@ -51,44 +51,44 @@ class XpIdProcessor final : public XpDtd::AttValueProcessor {
 // Enters the name in the table, defined or not.
 class XpIdRefProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpIdRefsProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 // Wants the name of an unparsed entity.
 class XpEntityProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpEntitiesProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpNmTokenProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpNmTokensProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
@@ -97,8 +97,8 @@ class XpNotationProcessor final : public XpDtd::AttValueProcessor {
   public:
     explicit XpNotationProcessor(std::unique_ptr<XpDtd::Choice> theChoice);
     ~XpNotationProcessor() override;
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 
   private:
@@ -110,8 +110,8 @@ class XpEnumProcessor final : public XpDtd::AttValueProcessor {
   public:
     explicit XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice);
     ~XpEnumProcessor() override;
-    std::unique_ptr<const XpDtd::AttValue> process(std::unique_ptr<CpsString> theText,
-                                                   XpLexer& theLexer, const XpDtd& theActiveDtd,
+    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+                                                   const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 
   private:

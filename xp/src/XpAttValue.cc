@@ -35,7 +35,7 @@ CpsString XpDtd::AttValue::toString() const {
 
 bool XpDtd::AttValueCData::operator==(const AttValue& theOther) const {
     const auto* other = likeSelf(*this, theOther);
-    return other != nullptr && *dataM == *other->dataM;
+    return other != nullptr && dataM == other->dataM;
 }
 
 bool XpDtd::AttValueId::operator==(const AttValue& theOther) const {

@@ -77,16 +77,14 @@ bool XpDtd::AttValueProcessor::checkDefault(const AttValue*, Attribute::DefaultK
     return true;
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(std::unique_ptr<CpsString> theText,
-                                                                 XpLexer&, const XpDtd&,
-                                                                 XpDtd*) const {
+std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(CpsString theText, XpLexer&,
+                                                                 const XpDtd&, XpDtd*) const {
     return std::make_unique<XpDtd::AttValueCData>(std::move(theText));
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(std::unique_ptr<CpsString> theText,
-                                                              XpLexer& theLexer, const XpDtd&,
-                                                              XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "ID");
+std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(CpsString theText, XpLexer& theLexer,
+                                                              const XpDtd&, XpDtd*) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ID");
     const std::shared_ptr<XpDtd::Id>& id = theLexer.obtainId(reader.first());
     if (id->isDefined()) {
         theLexer.fail("ID multiply defined: " + id->getName());
@@ -102,18 +100,19 @@ bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,
            (theKind == XpDtd::Attribute::IMPLIED || theKind == XpDtd::Attribute::REQUIRED);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(std::unique_ptr<CpsString> theText,
+std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(CpsString theText,
                                                                  XpLexer& theLexer, const XpDtd&,
                                                                  XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "IDREF");
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREF");
     const std::shared_ptr<XpDtd::Id>& id = theLexer.obtainId(reader.first());
     reader.finish();
     return std::make_unique<XpDtd::AttValueIdRef>(id);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(
-    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "IDREFS");
+std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(CpsString theText,
+                                                                  XpLexer& theLexer, const XpDtd&,
+                                                                  XpDtd*) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREFS");
     XpDtd::AttValueIdRefs::Ids ids;
     while (const CpsString* name = reader.next()) {
         ids.push_back(theLexer.obtainId(*name));
@@ -121,20 +120,22 @@ std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(
     return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids));
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(
-    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
-    XpDtd* theBuildingDtd) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "ENTITY");
+std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(CpsString theText,
+                                                                  XpLexer& theLexer,
+                                                                  const XpDtd& theActiveDtd,
+                                                                  XpDtd* theBuildingDtd) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ENTITY");
     const XpDtd::Entity* entity =
         unparsedEntity(reader.first(), theLexer, theActiveDtd, theBuildingDtd);
     reader.finish();
     return std::make_unique<XpDtd::AttValueEntity>(entity);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(
-    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
-    XpDtd* theBuildingDtd) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "ENTITIES");
+std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(CpsString theText,
+                                                                    XpLexer& theLexer,
+                                                                    const XpDtd& theActiveDtd,
+                                                                    XpDtd* theBuildingDtd) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ENTITIES");
     XpDtd::AttValueEntities::Entities entities;
     while (const CpsString* name = reader.next()) {
         entities.push_back(unparsedEntity(*name, theLexer, theActiveDtd, theBuildingDtd));
@@ -142,17 +143,19 @@ std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(
     return std::make_unique<XpDtd::AttValueEntities>(std::move(entities));
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(
-    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
+std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(CpsString theText,
+                                                                   XpLexer& theLexer, const XpDtd&,
+                                                                   XpDtd*) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
     auto value = std::make_unique<XpDtd::AttValueNmToken>(reader.first());
     reader.finish();
     return value;
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(
-    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
+std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(CpsString theText,
+                                                                    XpLexer& theLexer, const XpDtd&,
+                                                                    XpDtd*) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
     XpDtd::AttValueNmTokens::Tokens tokens;
     while (const CpsString* token = reader.next()) {
         tokens.push_back(*token);
@@ -165,10 +168,11 @@ XpNotationProcessor::XpNotationProcessor(std::unique_ptr<XpDtd::Choice> theChoic
 
 XpNotationProcessor::~XpNotationProcessor() = default;
 
-std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(
-    std::unique_ptr<CpsString> theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
-    XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNAME, "NOTATION");
+std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(CpsString theText,
+                                                                    XpLexer& theLexer,
+                                                                    const XpDtd& theActiveDtd,
+                                                                    XpDtd*) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "NOTATION");
     const XpDtd::Notation& notation = theActiveDtd.obtainNotation(reader.first());
     if (choiceM->getFirst()->next(&notation) == nullptr) {
         theLexer.fail("Unexpected notation in NOTATION attribute value");
@@ -182,11 +186,11 @@ XpEnumProcessor::XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice)
 
 XpEnumProcessor::~XpEnumProcessor() = default;
 
-std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(std::unique_ptr<CpsString> theText,
+std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(CpsString theText,
                                                                 XpLexer& theLexer,
                                                                 const XpDtd& theActiveDtd,
                                                                 XpDtd*) const {
-    TokenReader reader(theLexer, *theText, XpLexer::ATTNMTOKEN, "enumerated");
+    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "enumerated");
     const XpDtd::Enum& token = theActiveDtd.obtainEnum(reader.first());
     if (choiceM->getFirst()->next(&token) == nullptr) {
         theLexer.fail("Unexpected token in enumerated attribute value");

@@ -29,7 +29,7 @@ void XpParserBase::addCharacter(std::size_t theCodePoint) {
 
 // Follows "#PCDATA", which must be allowed here.
 void XpParserBase::takeText(const char* theMessage) {
-    currentNodeM = currentNodeM->next(&XpPseudoElements::instance().pcData);
+    currentNodeM = currentNodeM->next(&pseudoM.pcData);
     if (currentNodeM == nullptr) {
         fail(theMessage);
     }
@@ -37,9 +37,8 @@ void XpParserBase::takeText(const char* theMessage) {
 
 // Follows "#PCDATA" if it is allowed here.
 bool XpParserBase::takeOptionalText() {
-    const XpDtd::ContentNode* node = currentNodeM == nullptr
-                                         ? nullptr
-                                         : currentNodeM->next(&XpPseudoElements::instance().pcData);
+    const XpDtd::ContentNode* node =
+        currentNodeM == nullptr ? nullptr : currentNodeM->next(&pseudoM.pcData);
     if (node == nullptr) {
         return false;
     }
@@ -148,10 +147,9 @@ void XpParserBase::callBegin(int theKind) {
 }
 
 void XpParserBase::beginWithoutContent(bool hasSpace) {
-    const XpPseudoElements& pseudo = XpPseudoElements::instance();
-    const XpDtd::ContentNode* node = currentNodeM->next(&pseudo.empty);
+    const XpDtd::ContentNode* node = currentNodeM->next(&pseudoM.empty);
     if (node != nullptr) {
-        if (hasSpace && currentNodeM->next(&pseudo.pcData) == nullptr) {
+        if (hasSpace && currentNodeM->next(&pseudoM.pcData) == nullptr) {
             fail("empty element must not contain space");
         }
         currentNodeM = node;
@@ -166,7 +164,7 @@ void XpParserBase::beginWithContent() {
 // The model must allow the end here, if need be behind an empty text.
 void XpParserBase::takeEnd(const char* theMessage) {
     takeOptionalText();
-    currentNodeM = currentNodeM->next(&XpPseudoElements::instance().end);
+    currentNodeM = currentNodeM->next(&pseudoM.end);
     if (currentNodeM == nullptr) {
         fail(theMessage);
     }

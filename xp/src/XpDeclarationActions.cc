@@ -142,14 +142,15 @@ void XpParserBase::defineAttribute(const CpsString& theName) {
     const bool isIncomplete = buildingDtdM->isIncomplete();
     if (isIncomplete) {
         attProcessorM = std::make_unique<XpCDataProcessor>();
-        if (attDefaultTextM == nullptr) {
+        if (!attDefaultTextM) {
             attDefaultKindM = XpDtd::Attribute::IMPLIED;
         }
     }
     std::unique_ptr<const XpDtd::AttValue> value;
-    if (attDefaultTextM != nullptr) {
-        value = attProcessorM->process(std::move(attDefaultTextM), *lexerM, *buildingDtdM,
+    if (attDefaultTextM) {
+        value = attProcessorM->process(std::move(*attDefaultTextM), *lexerM, *buildingDtdM,
                                        isIncomplete ? buildingDtdM : nullptr);
+        attDefaultTextM.reset();
     }
     if (!attProcessorM->checkDefault(value.get(), attDefaultKindM)) {
         fail("illegal default declaration for " + theName);
@@ -223,12 +224,12 @@ void XpParserBase::chooseEnum(const CpsString& theToken) {
 
 void XpParserBase::defaultRequired() {
     attDefaultKindM = XpDtd::Attribute::REQUIRED;
-    attDefaultTextM = nullptr;
+    attDefaultTextM.reset();
 }
 
 void XpParserBase::defaultImplied() {
     attDefaultKindM = XpDtd::Attribute::IMPLIED;
-    attDefaultTextM = nullptr;
+    attDefaultTextM.reset();
 }
 
 void XpParserBase::defaultFixed(const CpsString& theLiteral) {

@@ -120,12 +120,12 @@ void XpParserBase::leaveParameterEntity() {
 }
 
 // Entities inside of entities of any depth are read without recursion: each is one input more.
-std::unique_ptr<CpsString> XpParserBase::processAttValue(const CpsString& theLiteral) {
-    auto result = std::make_unique<CpsString>();
+CpsString XpParserBase::processAttValue(const CpsString& theLiteral) {
+    CpsString result;
     if (theLiteral.view().find('&') == std::string_view::npos &&
         theLiteral.view().find('<') == std::string_view::npos) {
         // The scanner would give it back in one piece.
-        XpTextRules::appendWithBlanks(*result, theLiteral);
+        XpTextRules::appendWithBlanks(result, theLiteral);
         return result;
     }
     std::vector<const XpDtd::Entity*> openEntities;
@@ -135,10 +135,10 @@ std::unique_ptr<CpsString> XpParserBase::processAttValue(const CpsString& theLit
     for (;;) {
         switch (lexerM->yylex()) {
             case XP_NORMAL_CHARS:
-                XpTextRules::appendWithBlanks(*result, lexerM->getText());
+                XpTextRules::appendWithBlanks(result, lexerM->getText());
                 break;
             case XP_CHARREF:
-                XpTextRules::appendUtf8(*result,
+                XpTextRules::appendUtf8(result,
                                         static_cast<unsigned>(lexerM->getValue().codePoint));
                 break;
             case XP_ENTITY_REFERENCE: {

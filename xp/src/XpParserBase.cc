@@ -17,6 +17,7 @@ XpParserBase::XpParserBase(const CpsString* theInput, void* theContext)
     : lexerM(std::make_unique<XpLexer>(theInput)),
       contextM(theContext),
       lookupCacheM(std::make_unique<XpLookupCache>()),
+      pseudoM(XpPseudoElements::instance()),
       modelSizeM(std::make_unique<XpModelSize>()) {}
 
 XpParserBase::~XpParserBase() = default;
