@@ -31,13 +31,15 @@
  *    empty, that a refused deck leaves there. *resultLength is written on success alone.
  * 4. Error text. Written on failure alone, and not on every failure: a result of the wrong size,
  *    or lack of memory for it, has no text. An out-parameter that is not written keeps what the
- *    caller left in it, so set all three before the call.
+ *    caller left in it, so set all three before the call. errorText alone may be null: then no
+ *    text is given. A call with a null result or resultLength fails and writes nothing.
  *    WMLSCompile: NUL-terminated, from malloc, the caller releases it with free. When there is no
  *    memory for the text, *errorText becomes null.
  *    WMLEncode: NUL-terminated, belongs to the library and is readable until the same thread's
  *    next call of WMLEncode. The caller must not release it.
  * 5. Threads. Any number of calls may run at once on as many threads. The calls start no thread
  *    and keep nothing between each other but tables that are made once and then only read.
+ *    The tables are never taken down: a call may come while the process ends.
  * 6. Exceptions. None leaves a call, whatever the source.
  */
 #ifndef LUMNISUTIL_H

@@ -108,7 +108,8 @@ struct CcCharsetConverter::Shared {
 };
 
 CcCharsetConverter::Shared& CcCharsetConverter::shared() {
-    static Shared theShared;
+    // Never destroyed: a call may come while the process ends.
+    static Shared& theShared = *new Shared;
     return theShared;
 }
 

@@ -246,7 +246,8 @@ HedCharsetMap::HedCharsetMap()
           }()) {}
 
 const HedCharsetMap& HedCharsetMap::instance() {
-    static const HedCharsetMap theMap;
+    // Never destroyed: a call may come while the process ends.
+    static const HedCharsetMap& theMap = *new HedCharsetMap;
     return theMap;
 }
 

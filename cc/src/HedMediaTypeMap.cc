@@ -87,7 +87,8 @@ HedMediaTypeMap::HedMediaTypeMap()
           }()) {}
 
 const HedMediaTypeMap& HedMediaTypeMap::instance() {
-    static const HedMediaTypeMap theMap;
+    // Never destroyed: a call may come while the process ends.
+    static const HedMediaTypeMap& theMap = *new HedMediaTypeMap;
     return theMap;
 }
 

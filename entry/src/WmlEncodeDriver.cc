@@ -110,7 +110,9 @@ void WmlEncodeDriver::storeErrorText(std::string_view theText, char** theErrorTe
     }
     std::memcpy(buffer.data(), theText.data(), length);
     buffer[length] = '\0';
-    *theErrorText = buffer.data();
+    if (theErrorText != nullptr) {
+        *theErrorText = buffer.data();
+    }
 }
 
 }  // namespace lumnis

@@ -91,6 +91,9 @@ CpsString WmlsCompileDriver::errorText() const {
 }
 
 void WmlsCompileDriver::storeErrorText(std::string_view theText, char** theErrorText) noexcept {
+    if (theErrorText == nullptr) {
+        return;
+    }
     auto* copy = static_cast<char*>(std::malloc(theText.size() + 2));
     if (copy != nullptr) {
         std::memcpy(copy, theText.data(), theText.size());

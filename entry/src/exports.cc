@@ -41,7 +41,7 @@ int WMLEncode(const char* source, int sourceLength, char** result, unsigned shor
               char** errorText) {
     using lumnis::WmlEncodeDriver;
     lumnis::FwTraceScope scope("WMLEncode");
-    if (result == nullptr || resultLength == nullptr || errorText == nullptr) {
+    if (result == nullptr || resultLength == nullptr) {
         return theFailure;
     }
     if (!isSource(source, sourceLength)) {
@@ -70,7 +70,7 @@ int WMLSCompile(const char* source, int sourceLength, char** result, unsigned sh
                 char** errorText) {
     using lumnis::WmlsCompileDriver;
     lumnis::FwTraceScope scope("WMLSCompile");
-    if (result == nullptr || resultLength == nullptr || errorText == nullptr) {
+    if (result == nullptr || resultLength == nullptr) {
         return theFailure;
     }
     if (!isSource(source, sourceLength)) {

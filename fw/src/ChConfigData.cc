@@ -3,7 +3,8 @@
 namespace lumnis {
 
 const ChConfigData& ChConfigData::instance() {
-    static const ChConfigData theData;
+    // Never destroyed: a call may come while the process ends.
+    static const ChConfigData& theData = *new ChConfigData;
     return theData;
 }
 

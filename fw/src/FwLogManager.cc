@@ -8,16 +8,9 @@
 namespace lumnis {
 
 FwLogManager& FwLogManager::instance() {
-    static FwLogManager theManager;
+    // Never destroyed: a call may come while the process ends.
+    static FwLogManager& theManager = *new FwLogManager;
     return theManager;
-}
-
-FwLogManager::~FwLogManager() {
-    for (const Entry* entry = entriesM.exchange(nullptr); entry != nullptr;) {
-        const Entry* next = entry->next;
-        delete entry;
-        entry = next;
-    }
 }
 
 FwLog* FwLogManager::find(const char* theName) const {

@@ -30,7 +30,6 @@ class FwLogManager {
     };
 
     FwLogManager() = default;
-    ~FwLogManager();
 
     FwLog* find(const char* theName) const;
 

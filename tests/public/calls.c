@@ -80,7 +80,35 @@ static void encodeBad(void) {
     }
 }
 
+/* A caller that wants no text gets results and failures all the same. */
+static void callsWithoutPlaceForTheText(void) {
+    static const char deck[] = "<wml><card id='c'/></wml>";
+    static const char script[] = "function f() {}";
+    char* result = NULL;
+    unsigned short length = 0;
+    CHECK(WMLEncode(deck, (int)strlen(deck), &result, &length, NULL) == 0);
+    free(result);
+    CHECK(WMLSCompile(script, (int)strlen(script), &result, &length, NULL) == 0);
+    free(result);
+    CHECK(WMLEncode(script, (int)strlen(script), &result, &length, NULL) == 1);
+    free(result);
+    CHECK(WMLSCompile(deck, (int)strlen(deck), &result, &length, NULL) == 1);
+}
+
+/* Registered ahead of the first call, so that it runs behind all that a call could register. */
+static void callsAtExit(void) {
+    compileGood();
+    compileBad();
+    encodeGood();
+    encodeBad();
+    if (failures != 0) {
+        _Exit(1);
+    }
+}
+
 int main(void) {
+    CHECK(atexit(callsAtExit) == 0);
+    callsWithoutPlaceForTheText();
     compileGood();
     compileBad();
     encodeGood();

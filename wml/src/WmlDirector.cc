@@ -21,7 +21,9 @@ struct WmlDirector::DocumentType {
 };
 
 void WmlDirector::init() {
-    static WmlDirector theInstance;
+    // Never destroyed: a call may come while the process ends.
+    static const WmlDirector& theInstance = *new WmlDirector;
+    static_cast<void>(theInstance);
 }
 
 WmlDirector::WmlDirector()
@@ -104,6 +106,7 @@ std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutp
     } else {
         ctrl = std::make_unique<WmlCtrl>(theCharset, output->getMetaDataList());
     }
+    *theOutputMediaType = isWta ? theWtaWmlcMediaType : theWmlcMediaType;
     XaWbxmlCtrl* const context = ctrl.get();
     WmlTokenizer& tokenizer = isWta ? wtaWmlTokenizerM : wmlTokenizerM;
 
@@ -125,7 +128,6 @@ std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutp
         XaWbxmlCtrl::getAsMbUInt(static_cast<std::uint32_t>(theCharset >= 0 ? theCharset : 0));
     ctrl->addProlog(prolog);
     theOutput = ctrl->makeOutput();
-    *theOutputMediaType = isWta ? theWtaWmlcMediaType : theWmlcMediaType;
     return output;
 }
 

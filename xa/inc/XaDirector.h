@@ -24,7 +24,7 @@ class XaDirector {
 
     // theParser has read the prolog and stands in front of the root element; theProlog holds what
     // its actors have seen. On return theOutput is the complete result and *theOutputMediaType its
-    // media type; when the call throws, both are as they were.
+    // media type; when the call throws, theOutput is as it was.
     virtual std::unique_ptr<XaOutput> process(XpParser& theParser, XaPrologOutput& theProlog,
                                               int theMediaType, HedCharsetId theCharset,
                                               int* theOutputMediaType, CpsString& theOutput) = 0;

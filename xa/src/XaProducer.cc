@@ -10,7 +10,8 @@
 namespace lumnis {
 
 XaProducer& XaProducer::instance() {
-    static XaProducer producer;
+    // Never destroyed: a call may come while the process ends.
+    static XaProducer& producer = *new XaProducer;
     return producer;
 }
 

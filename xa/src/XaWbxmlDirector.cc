@@ -72,7 +72,9 @@ void addPublicId(const CpsString* thePublicId, CpsString& theProlog, XaWbxmlCtrl
 }  // namespace
 
 void XaWbxmlDirector::init() {
-    static XaWbxmlDirector director;
+    // Never destroyed: a call may come while the process ends.
+    static const XaWbxmlDirector& director = *new XaWbxmlDirector;
+    static_cast<void>(director);
 }
 
 XaWbxmlDirector::XaWbxmlDirector() {

@@ -8,7 +8,8 @@ namespace lumnis {
 XpDtd::ContentNode::~ContentNode() = default;
 
 const XpPseudoElements& XpPseudoElements::instance() {
-    static const XpPseudoElements theInstance;
+    // Never destroyed: a call may come while the process ends.
+    static const XpPseudoElements& theInstance = *new XpPseudoElements;
     return theInstance;
 }
 
@@ -22,7 +23,8 @@ XpDtd::FsmNode::~FsmNode() {
 }
 
 const XpDtd::FsmNode& XpDtd::FsmNode::finalNode() {
-    static const FsmNode theNode;
+    // Never destroyed: a call may come while the process ends.
+    static const FsmNode& theNode = *new FsmNode;
     return theNode;
 }
 
@@ -158,7 +160,8 @@ const XpDtd::ContentNode* XpDtd::AnyNode::next(const Item* theItem) const {
 }
 
 const XpDtd::AnyNode& XpDtd::AnyNode::shared() {
-    static const AnyNode theNode;
+    // Never destroyed: a call may come while the process ends.
+    static const AnyNode& theNode = *new AnyNode;
     return theNode;
 }
 

@@ -131,7 +131,8 @@ constexpr Row theFunctions[] = {
 }  // namespace
 
 const WscFunctionLibraryTable& WscFunctionLibraryTable::instance() {
-    static const WscFunctionLibraryTable theTable;
+    // Never destroyed: a call may come while the process ends.
+    static const WscFunctionLibraryTable& theTable = *new WscFunctionLibraryTable;
     return theTable;
 }
 
