@@ -4,7 +4,6 @@
 #include <array>
 #include <bitset>
 
-#include "FwTraceScope.h"
 #include "WmlText.h"
 #include "WmlTokens.h"
 
