@@ -14,19 +14,24 @@ namespace {
 
 constexpr std::string_view theByteOrderMark = "\xEF\xBB\xBF";
 
-// -1 for what is neither a name nor a number.
-HedCharsetId numberOf(std::string_view theName) {
+// -1 for no name.
+HedCharsetId numberOfName(std::string_view theName) {
     // What people write for UTF-8 without the hyphen is no name of the registry.
     if (theName == "utf8" || theName == "UTF8" || theName == "csUTF8") {
         return theUtf8Charset;
     }
+    return HedCharsetMap::instance().getNumber(theName);
+}
+
+// -1 for what is neither a name nor a number.
+HedCharsetId numberOf(std::string_view theName) {
     HedCharsetId number = HedNameMap::theUnknownNumber;
     const auto [end, error] =
         std::from_chars(theName.data(), theName.data() + theName.size(), number);
     if (error == std::errc() && end == theName.data() + theName.size()) {
         return number;
     }
-    return HedCharsetMap::instance().getNumber(theName);
+    return numberOfName(theName);
 }
 
 }  // namespace
@@ -42,6 +47,14 @@ HedCharsetId charsetByName(std::string_view theOption, const std::string& theNam
                             "\" is not supported (\"lumnis charsets\" lists those that are)");
     }
     return number;
+}
+
+std::optional<HedCharsetId> declaredCharset(std::string_view theName) {
+    const HedCharsetId number = numberOfName(theName);
+    const bool isWide = number == theUcs2Charset || number == theUcs4Charset;
+    return !isWide && CcCharsetConverter::canConvertToUtf8(number)
+               ? std::optional<HedCharsetId>(number)
+               : std::nullopt;
 }
 
 bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& theMessage) {
