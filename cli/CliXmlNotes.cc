@@ -15,6 +15,7 @@ constexpr XmlNoteRow theXmlNotes[] = {
     {"document start expected", "", "<?xml",
      "the XML declaration must be the first thing in the file, in front of comments and blanks"},
     {"missing ; following &", "", "", "a plain & is written &amp;"},
+    {"syntax error at &", "", "", "a plain & is written &amp;"},
     {"unexpected element", "", "",
      "the document type does not allow this element at this place; in WML, text, links, images "
      "and fields stand in a p"},
