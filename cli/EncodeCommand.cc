@@ -83,6 +83,9 @@ CliBatchResult refusal(const std::string& theName, const WmlEncodeDriver& theDri
     }
     std::string_view message = theDriver.getErrorMessage();
     message = message.substr(0, message.find_last_not_of("\r\n") + 1);  // some end their line
+    if (message.empty()) {
+        message = "cannot be encoded";
+    }
     const CliTextFault fault{std::string(message), static_cast<int>(theDriver.getErrorLine())};
     CliBatchResult result =
         fault.line == 0 ? refusal(theName, fault.message) : refusal(theName, fault, theSource);
@@ -112,8 +115,8 @@ void EncodeCommand::addTo(CLI::App& theApp) {
                      "text/x-wap-wta-wml, text/xml or application/xml (both any\n"
                      "XML, which is not validated). Without it, for each file, the\n"
                      "first that fits: text/x-wap-wta-wml for a root element\n"
-                     "wta-wml or a name that ends in .wta or .wta...; text/xml for\n"
-                     "a name that ends in .xml; text/vnd.wap.wml")
+                     "wta-wml or an extension that begins with .wta; text/xml for\n"
+                     "the extension .xml; text/vnd.wap.wml")
         ->option_text("NAME");
     verb->add_option("--charset", charsetM,
                      "The charset of the strings in the result; without it UTF-8;\n"

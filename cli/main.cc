@@ -24,7 +24,7 @@ constexpr char theExamples[] =
     "Examples:\n"
     "  lumnis encode news.wml      encodes a deck to news.wmlc\n"
     "  lumnis compile hello.wmls   compiles a script to hello.wmlsc\n"
-    "  lumnis check news.wml       tells what is wrong with a document\n"
+    "  lumnis check feed.xml       tells what is wrong with a document\n"
     "  lumnis encode --help        tells all about it\n";
 
 int usageError(const std::string& theText) {
