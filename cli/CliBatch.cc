@@ -48,6 +48,7 @@ class Batch {
     void refuseSharedPaths() const;
     Item process(std::size_t theIndex) const;
     void commit(std::size_t theIndex, Item& theItem);
+    void writeProduct(const std::string& theTarget, const std::string& theProduct);
     void writeSideOutputs();
     // All that is printed on standard output besides a product.
     void print(const std::string& theText);
@@ -56,7 +57,7 @@ class Batch {
 
     const CliBatchOptions& optionsM;
     const CliBatchWork& workM;
-    std::vector<std::string> targetsM;  // one for each input
+    std::vector<std::string> targetsM;  // one for each input, if there are products
     bool isOutputTakenM = false;        // standard output carries a product
     bool isColouredM = isColourWanted(STDERR_FILENO);
     std::vector<std::string> sideTextsM;
@@ -78,6 +79,9 @@ Batch::Batch(const CliBatchOptions& theOptions, const CliBatchWork& theWork)
         throw CliUsageError("-o " + visibleText(optionsM.output) +
                             ": several files need a folder, an existing one or a name that ends "
                             "in \"/\"");
+    }
+    if (optionsM.extension.empty()) {
+        return;
     }
     for (const std::string& input : optionsM.inputs) {
         targetsM.push_back(productPath(optionsM, input));
@@ -154,22 +158,13 @@ Item Batch::process(std::size_t theIndex) const {
 }
 
 void Batch::commit(std::size_t theIndex, Item& theItem) {
-    for (const CliDiagnostic& diagnostic : theItem.result.diagnostics) {
-        report(diagnostic, theItem.exit);
-    }
-    if (theItem.result.isGood) {
-        try {
-            const std::string& target = targetsM[theIndex];
-            if (isStandardOutput(target)) {
-                progressM.clear();
-                writeDescriptor(STDOUT_FILENO, theItem.result.product, "standard output");
-            } else {
-                if (optionsM.output.ends_with('/')) {
-                    makeFolder(optionsM.output);
-                }
-                writeOutput(target, theItem.result.product);
-            }
-            print(theItem.result.report);
+    const bool isGood = theItem.result.isGood;
+    try {
+        if (isGood && !targetsM.empty()) {
+            writeProduct(targetsM[theIndex], theItem.result.product);
+        }
+        print(theItem.result.report);
+        if (isGood) {
             for (std::size_t i = 0; i < sideTextsM.size(); ++i) {
                 if (isStandardOutput(optionsM.sideOutputs[i].path)) {
                     print(theItem.result.sideTexts[i]);
@@ -178,13 +173,28 @@ void Batch::commit(std::size_t theIndex, Item& theItem) {
                 }
             }
             hasGoodOneM = true;
-        } catch (const CliFileError& error) {
-            reportFile(error);
         }
+    } catch (const CliFileError& error) {
+        reportFile(error);
+    }
+    for (const CliDiagnostic& diagnostic : theItem.result.diagnostics) {
+        report(diagnostic, theItem.exit);
     }
     if (theIndex + 1 < optionsM.inputs.size()) {
         progressM.show(theIndex + 1, inputName(optionsM.inputs[theIndex + 1]));
     }
+}
+
+void Batch::writeProduct(const std::string& theTarget, const std::string& theProduct) {
+    if (isStandardOutput(theTarget)) {
+        progressM.clear();
+        writeDescriptor(STDOUT_FILENO, theProduct, "standard output");
+        return;
+    }
+    if (optionsM.output.ends_with('/')) {
+        makeFolder(optionsM.output);
+    }
+    writeOutput(theTarget, theProduct);
 }
 
 void Batch::writeSideOutputs() {

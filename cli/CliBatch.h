@@ -1,5 +1,5 @@
-// What the verbs that turn sources into products have in common: reading, working on several at
-// once, writing, and telling, all of it in the order of the arguments.
+// What the verbs that work on sources have in common: reading, working on several at once, writing
+// products, and telling, all of it in the order of the arguments.
 #pragma once
 
 #include <functional>
@@ -23,7 +23,7 @@ struct CliBatchOptions {
     // A file, "-" for standard output, or a folder: one that exists or a name that ends in "/".
     // Empty for beside each input, and for standard output where that is standard input.
     std::string output;
-    std::string extension;  // of the products, with its point
+    std::string extension;  // of the products, with its point; empty if there are none
     std::vector<CliSideOutput> sideOutputs;
     std::size_t jobs = 1;  // how many inputs are worked on at once
     CliErrorFormat errorFormat = CliErrorFormat::gcc;
@@ -33,7 +33,7 @@ struct CliBatchOptions {
 struct CliBatchResult {
     bool isGood = false;
     std::string product;                     // when good
-    std::string report;                      // when good, for standard output
+    std::string report;                      // for standard output, in front of all diagnostics
     std::vector<std::string> sideTexts;      // when good, one for each of sideOutputs
     std::vector<CliDiagnostic> diagnostics;  // when not good
 };

@@ -24,19 +24,24 @@ bool isEqualWithoutCase(std::string_view theName, std::string_view theLowerName)
                       });
 }
 
-// -1 for what is neither a name nor a number.
-HedCharsetId numberOf(std::string_view theName) {
+// -1 for no name.
+HedCharsetId numberOfName(std::string_view theName) {
     // What people write for UTF-8, beside the names of the table.
     if (isEqualWithoutCase(theName, "utf8") || isEqualWithoutCase(theName, "csutf8")) {
         return theUtf8Charset;
     }
+    return HedCharsetMap::instance().getNumber(theName);
+}
+
+// -1 for what is neither a name nor a number.
+HedCharsetId numberOf(std::string_view theName) {
     HedCharsetId number = HedNameMap::theUnknownNumber;
     const auto [end, error] =
         std::from_chars(theName.data(), theName.data() + theName.size(), number);
     if (error == std::errc() && end == theName.data() + theName.size()) {
         return number;
     }
-    return HedCharsetMap::instance().getNumber(theName);
+    return numberOfName(theName);
 }
 
 }  // namespace
@@ -52,6 +57,14 @@ HedCharsetId charsetByName(std::string_view theOption, const std::string& theNam
                             "\" is not supported (\"lumnis charsets\" lists those that are)");
     }
     return number;
+}
+
+std::optional<HedCharsetId> declaredCharset(std::string_view theName) {
+    const HedCharsetId number = numberOfName(theName);
+    const bool isWide = number == theUcs2Charset || number == theUcs4Charset;
+    return !isWide && CcCharsetConverter::canConvertToUtf8(number)
+               ? std::optional<HedCharsetId>(number)
+               : std::nullopt;
 }
 
 bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& theMessage) {

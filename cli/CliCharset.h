@@ -1,6 +1,7 @@
 // Character sets on the command line: by name, alias or number, and what they turn a source into.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,10 @@ enum class CliCharsetUse { input, output };
 // message. Throws CliUsageError when there is no such charset or it cannot be converted.
 HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
                            CliCharsetUse theUse);
+
+// The number of a charset that a source names in itself, if a text in it can be converted whose
+// name is readable as ASCII.
+std::optional<HedCharsetId> declaredCharset(std::string_view theName);
 
 // Replaces theSource, which is in theCharset, by the same in UTF-8. A byte order mark in front of
 // UTF-8, which editors write, is taken off. False, with the reason in theMessage, when the bytes

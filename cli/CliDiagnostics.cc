@@ -30,14 +30,17 @@ std::string editorForm(const CliDiagnostic& theDiagnostic, bool isColoured) {
     const char* const bold = isColoured ? "\033[1m" : "";
     const char* const red = isColoured ? "\033[1;31m" : "";
     const char* const plain = isColoured ? "\033[0m" : "";
-    std::string result = bold + visibleText(theDiagnostic.file) + ":";
+    std::string place = visibleText(theDiagnostic.file) + ":";
     if (theDiagnostic.line != 0) {
-        result += std::to_string(theDiagnostic.line) + ":";
+        place += std::to_string(theDiagnostic.line) + ":";
     }
-    result += std::string(plain) + " " + red + "error:" + plain + " " + bold +
-              visibleText(theDiagnostic.message) + plain + "\n";
+    std::string result = bold + place + plain + " " + red + "error:" + plain + " " + bold +
+                         visibleText(theDiagnostic.message) + plain + "\n";
     if (!theDiagnostic.sourceLine.empty()) {
         result += "    " + shownLine(theDiagnostic.sourceLine) + "\n";
+    }
+    if (!theDiagnostic.note.empty()) {
+        result += bold + place + plain + " note: " + visibleText(theDiagnostic.note) + "\n";
     }
     return result;
 }

@@ -21,6 +21,7 @@ struct CliDiagnostic {
     std::string message;     // without "Error at line"
     std::string sourceLine;  // the whole line, without its end; empty where line is 0
     std::string rawText;     // the library's own text; empty where it gives none
+    std::string note = {};   // what to do about it, for people; empty for nothing
 };
 
 // Splits the library's "Error at line: N. \r\nMESSAGE" and finds line N in theSource. A message

@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "CharsetsCommand.h"
+#include "CheckCommand.h"
 #include "CliError.h"
 #include "CliExit.h"
 #include "CliHelp.h"
 #include "CliOutput.h"
 #include "CliText.h"
 #include "CompileCommand.h"
+#include "EncodeCommand.h"
 
 namespace {
 
@@ -20,8 +22,10 @@ using lumnis::CliExit;
 
 constexpr char theExamples[] =
     "Examples:\n"
+    "  lumnis encode news.wml      encodes a deck to news.wmlc\n"
     "  lumnis compile hello.wmls   compiles a script to hello.wmlsc\n"
-    "  lumnis compile --help       tells all about it\n";
+    "  lumnis check feed.xml       tells what is wrong with a document\n"
+    "  lumnis encode --help        tells all about it\n";
 
 int usageError(const std::string& theText) {
     std::fprintf(stderr, "lumnis: error: %s\n", theText.c_str());
@@ -29,12 +33,17 @@ int usageError(const std::string& theText) {
 }
 
 int run(int theCount, char** theArguments) {
-    CLI::App app("WMLScript to byte code, as a WAP handset receives it.", "lumnis");
+    CLI::App app("WML decks to WBXML and WMLScript to byte code, as a WAP handset receives them.",
+                 "lumnis");
     app.formatter(lumnis::helpWithExamples(theExamples));
     app.set_version_flag("--version", "lumnis " LUMNIS_VERSION, "Print the version and exit");
     app.require_subcommand(1);
+    lumnis::EncodeCommand encode;
+    encode.addTo(app);
     lumnis::CompileCommand compile;
     compile.addTo(app);
+    lumnis::CheckCommand check;
+    check.addTo(app);
     lumnis::CharsetsCommand charsets;
     charsets.addTo(app);
     try {
@@ -54,7 +63,11 @@ int run(int theCount, char** theArguments) {
         return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
     }
     try {
-        return static_cast<int>(app.got_subcommand("charsets") ? charsets.run() : compile.run());
+        const CliExit exit = app.got_subcommand("encode")    ? encode.run()
+                             : app.got_subcommand("compile") ? compile.run()
+                             : app.got_subcommand("check")   ? check.run()
+                                                             : charsets.run();
+        return static_cast<int>(exit);
     } catch (const lumnis::CliUsageError& error) {
         return usageError(error.what());
     }
