@@ -13,6 +13,7 @@
 #include "CliOutput.h"
 #include "CliText.h"
 #include "CompileCommand.h"
+#include "DumpCommand.h"
 
 namespace {
 
@@ -37,6 +38,8 @@ int run(int theCount, char** theArguments) {
     compile.addTo(app);
     lumnis::CharsetsCommand charsets;
     charsets.addTo(app);
+    lumnis::DumpCommand dump;
+    dump.addTo(app);
     try {
         app.parse(theCount, theArguments);
     } catch (const CLI::Success& answer) {
@@ -54,6 +57,9 @@ int run(int theCount, char** theArguments) {
         return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
     }
     try {
+        if (app.got_subcommand("dump")) {
+            return static_cast<int>(dump.run());
+        }
         return static_cast<int>(app.got_subcommand("charsets") ? charsets.run() : compile.run());
     } catch (const lumnis::CliUsageError& error) {
         return usageError(error.what());
