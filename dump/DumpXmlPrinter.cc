@@ -119,7 +119,6 @@ class XmlWriter {
     bool isBreakable() const {
         return hasDtdM && !openM.empty() && hasElementContent(openM.back());
     }
-    bool isPreserved() const { return hasDtdM && !openM.empty() && openM.back() == "pre"; }
 
     const DumpListing& listingM;
     std::string outputM;
@@ -127,6 +126,7 @@ class XmlWriter {
     std::string_view tagM;                // of the latest start tag
     bool hasDtdM = false;
     bool isAttributeOpenM = false;
+    bool isPreservedM = false;    // from an attribute of "pre" to its end, as in the encoder
     bool isDollarPlainM = false;  // in the attribute at hand, which cannot have variables
     bool isEmptyM = false;        // nothing has been written in the element at hand
     bool hasRootM = false;
@@ -219,6 +219,7 @@ void XmlWriter::startTag(const DumpPiece& thePiece) {
 void XmlWriter::finishTag(bool theHasContent) {
     placeM = Place::content;
     outputM += theHasContent ? ">" : "/>";
+    isPreservedM = isPreservedM && (theHasContent || tagM != "pre");
     if (theHasContent) {
         openM.push_back(tagM);
         isEmptyM = true;
@@ -232,6 +233,7 @@ void XmlWriter::endTag(const DumpPiece& thePiece) {
         // Most elements count as empty unless something stands between their tags.
         outputM += cdataSection({});
     }
+    isPreservedM = isPreservedM && openM.back() != "pre";
     openM.pop_back();
     isEmptyM = false;
     outputM += "</" + xmlName(thePiece.name) + '>';
@@ -242,6 +244,7 @@ void XmlWriter::attribute(const DumpPiece& thePiece) {
     placeM = Place::attribute;
     isAttributeOpenM = true;
     isDollarPlainM = thePiece.name == "class";
+    isPreservedM = isPreservedM || (thePiece.name == "xml:space" && thePiece.text == "preserve");
     outputM += ' ' + xmlName(thePiece.name) + "=\"";
     text(thePiece.text);
 }
@@ -268,7 +271,7 @@ void XmlWriter::text(std::string_view theText) {
     }
     isEmptyM = isEmptyM && placeM != Place::content;
     const bool isAttribute = placeM == Place::attribute;
-    if (!isAttribute && hasDtdM && needsCdata(theText, isPreserved()) &&
+    if (!isAttribute && hasDtdM && needsCdata(theText, isPreservedM) &&
         theText.find('\r') == std::string_view::npos) {
         outputM += cdataSection(theText);
     } else {
