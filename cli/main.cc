@@ -14,6 +14,7 @@
 #include "CliOutput.h"
 #include "CliText.h"
 #include "CompileCommand.h"
+#include "DumpCommand.h"
 #include "EncodeCommand.h"
 
 namespace {
@@ -46,6 +47,8 @@ int run(int theCount, char** theArguments) {
     check.addTo(app);
     lumnis::CharsetsCommand charsets;
     charsets.addTo(app);
+    lumnis::DumpCommand dump;
+    dump.addTo(app);
     try {
         app.parse(theCount, theArguments);
     } catch (const CLI::Success& answer) {
@@ -66,6 +69,7 @@ int run(int theCount, char** theArguments) {
         const CliExit exit = app.got_subcommand("encode")    ? encode.run()
                              : app.got_subcommand("compile") ? compile.run()
                              : app.got_subcommand("check")   ? check.run()
+                             : app.got_subcommand("dump")    ? dump.run()
                                                              : charsets.run();
         return static_cast<int>(exit);
     } catch (const lumnis::CliUsageError& error) {

@@ -144,6 +144,21 @@ WscFunctionLibraryTable::WscFunctionLibraryTable() {
     }
 }
 
+WscFunctionLibraryTable::Names WscFunctionLibraryTable::findNames(std::int32_t theLibraryId,
+                                                                  std::int32_t theFunctionId) {
+    Names names;
+    for (const Row& row : theFunctions) {
+        if (row.libraryId == theLibraryId) {
+            names.library = row.library;
+            if (row.functionId == theFunctionId) {
+                names.function = row.function;
+                break;
+            }
+        }
+    }
+    return names;
+}
+
 void WscFunctionLibraryTable::findLibraryFunction(const CpsString& theLibrary,
                                                   const CpsString& theFunction,
                                                   std::int32_t theNumParams,

@@ -20,6 +20,13 @@ class WscFunctionLibraryTable {
                              std::int32_t theNumParams, std::int32_t& theLibraryId,
                              std::int32_t& theFunctionId) const;
 
+    struct Names {
+        std::string_view library;   // empty when there is no library of that id
+        std::string_view function;  // empty when it has no function of that id
+    };
+    // The other way round, for readers of byte code.
+    static Names findNames(std::int32_t theLibraryId, std::int32_t theFunctionId);
+
   private:
     class FuncLibData {
       public:

@@ -1,0 +1,31 @@
+// Names behind the numbers of WBXML: the tables of the encoder, read the other way round.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "WmlTokens.h"
+
+namespace lumnis {
+
+// A registered public identifier: WBXML 1.3, 7.2.
+struct DumpPublicId {
+    std::uint32_t number;
+    std::string_view name;
+    std::string_view systemId;  // where the DTD is published; empty where it is not WML
+    bool isWml;                 // the tokens are those of WML or WTA-WML
+};
+
+// Null for a number that is not registered, and for 0 and 1.
+const DumpPublicId* findPublicId(std::uint32_t theNumber);
+const DumpPublicId* findPublicId(std::string_view theName);
+
+// Names of WML and WTA-WML by code page and token. Null where the page has no such token.
+const WmlTagToken* findWmlTag(unsigned thePage, unsigned theToken);
+const WmlAttrToken* findWmlAttr(unsigned thePage, unsigned theToken);
+const WmlAttrValueToken* findWmlAttrValue(unsigned thePage, unsigned theToken);
+
+// Whether white space between the tags inside of a WML element means nothing.
+bool hasElementContent(std::string_view theWmlTag);
+
+}  // namespace lumnis
