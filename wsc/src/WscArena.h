@@ -9,6 +9,8 @@
 #include <utility>
 #include <vector>
 
+#include "FwLargePages.h"
+
 namespace lumnis {
 
 class WscArena {
@@ -31,9 +33,13 @@ class WscArena {
         return result;
     }
 
-    // Ends everything that has been made. The last chunk stays for what comes.
+    // Ends everything that has been made. One chunk stays for what comes.
     void clear() noexcept {
-        if (!chunksM.empty()) {
+        if (!largeM.empty()) {
+            largeM.resize(1);
+            useChunk(largeM.front().get(), theLargePageSize);
+            chunksM.clear();
+        } else if (!chunksM.empty()) {
             chunksM.front().swap(chunksM.back());
             chunksM.resize(1);
             nextM = chunksM.front().get();
@@ -43,19 +49,31 @@ class WscArena {
   private:
     static constexpr std::size_t theAlignment = 8;
     // Chunks double from the first size to the largest: small scripts take little, and of a
-    // large one's memory only a part of one chunk is left over.
+    // large one's memory only a part of one chunk is left over. Behind that many, megabytes are
+    // needed and come in large pages.
     static constexpr std::size_t theFirstChunk = 2048;
     static constexpr std::size_t theLargestChunk = 65536;
+    static constexpr std::size_t theManyChunks = 24;
 
     void addChunk(std::size_t theSize) {
+        if (chunksM.size() >= theManyChunks && theSize <= theLargePageSize) {
+            largeM.push_back(fwAllocateLargePage());
+            useChunk(largeM.back().get(), theLargePageSize);
+            return;
+        }
         const std::size_t size = std::max(theSize, chunkSizeM);
         chunksM.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
-        nextM = chunksM.back().get();
-        limitM = nextM + size;
+        useChunk(chunksM.back().get(), size);
         chunkSizeM = std::min(2 * chunkSizeM, theLargestChunk);
     }
 
+    void useChunk(std::byte* theChunk, std::size_t theSize) noexcept {
+        nextM = theChunk;
+        limitM = theChunk + theSize;
+    }
+
     std::vector<std::unique_ptr<std::byte[]>> chunksM;
+    std::vector<FwLargePageBlock> largeM;
     std::byte* nextM = nullptr;  // the free part of the last chunk
     std::byte* limitM = nullptr;
     std::size_t chunkSizeM = theFirstChunk;
