@@ -29,6 +29,12 @@ struct UnitReductionTables {
     int last;      // the last index of table and check
     int tokens;    // number of terminal symbols
 };
+// Compilers before the deduction for aggregates of C++20 was complete need it told.
+template <class Pact, class Defact, class Pgoto, class Defgoto, class Table, class Check, class R1,
+          class R2, class Translate>
+UnitReductionTables(const Pact*, const Defact*, const Pgoto*, const Defgoto*, const Table*,
+                    const Check*, const R1*, const R2*, const Translate*, int, int, int)
+    -> UnitReductionTables<Pact, Defact, Pgoto, Defgoto, Table, Check, R1, R2, Translate>;
 
 // The climbs of one parse that have been made already: a script has few that differ.
 class UnitReductionMemo {
