@@ -50,20 +50,23 @@ class XpParserBase {
     void setExternalId();
 
     // Text and processing instructions: XpContentActions.cc, with the elements.
-    void addSpace();
-    void addCharData();
+    void addSpace(std::string_view theText);
+    void addCharData(std::string_view theText);
     void addCharacter(std::size_t theCodePoint);
     void addCdSection();
     void flushCharData();
     void processInstruction(const CpsString& theTarget, const CpsString& theData);
 
-    void beginElement(const CpsString& theName);
+    void beginElement(std::string_view theName);
     void addAttribute(const CpsString& theName, const CpsString& theLiteral);
+    // The same for a literal without references and without white space other than blanks.
+    void addPlainAttribute(std::string_view theName, std::string_view theLiteral);
     void endStartTag();
     void beginWithoutContent(bool hasSpace);
     void beginWithContent();
     void endEmptyElement();
-    void endElement(const CpsString& theName);
+    void endElement(std::string_view theName);
+    const XpDtd::Element& getCurrentElement() const { return *currentElementM; }
 
     // References and the texts of literals: XpEntityActions.cc, with the declarations of
     // entities and notations.
@@ -162,6 +165,7 @@ class XpParserBase {
     std::unique_ptr<XpDtd> internalSubsetM;
 
   private:
+    const XpDtd::Attribute& obtainAttribute(std::string_view theName);
     void takeText(const char* theMessage);
     bool takeOptionalText();
     void takeEnd(const char* theMessage);

@@ -83,6 +83,18 @@ class XpLexer {
     // Appends a blank and the name for each ID that is not defined, in name order. True if any.
     bool getUndefinedIds(CpsString& theOutput) const;
 
+    // For those who read plain text past yylex.
+
+    // True if the document itself is being read, not a replacement text.
+    bool isInDocument() const { return inputStackM.empty(); }
+    const unsigned char* getCursor() const { return cursorM; }
+    const unsigned char* getLimit() const { return limitM; }  // where the terminator is
+    // Takes what is in front of theCursor as read; theLineFeeds are in it.
+    void skipTo(const unsigned char* theCursor, unsigned theLineFeeds) {
+        cursorM = theCursor;
+        lineM += theLineFeeds;
+    }
+
     // The line of the document, from 1, up to which it has been read. Line feeds inside of
     // replacement texts and attribute values do not count.
     unsigned getLine() const { return lineM; }

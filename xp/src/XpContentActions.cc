@@ -13,12 +13,12 @@
 
 namespace lumnis {
 
-void XpParserBase::addSpace() {
-    XpTextRules::appendWithLineEnds(textM, lexerM->getTokenText());
+void XpParserBase::addSpace(std::string_view theText) {
+    XpTextRules::appendWithLineEnds(textM, theText);
 }
 
-void XpParserBase::addCharData() {
-    XpTextRules::appendWithLineEnds(textM, lexerM->getTokenText());
+void XpParserBase::addCharData(std::string_view theText) {
+    XpTextRules::appendWithLineEnds(textM, theText);
     textHasDataM = true;
 }
 
@@ -95,7 +95,7 @@ void XpParserBase::imply(XpDtd::Element& theElement) {
     }
 }
 
-void XpParserBase::beginElement(const CpsString& theName) {
+void XpParserBase::beginElement(std::string_view theName) {
     elementStackM.push_back(currentElementM);
     if (buildingDtdM != nullptr) {
         impliedElementM = &buildingDtdM->obtainElement(theName);
@@ -118,20 +118,29 @@ void XpParserBase::beginElement(const CpsString& theName) {
     attributesM.clear();
 }
 
-void XpParserBase::addAttribute(const CpsString& theName, const CpsString& theLiteral) {
-    const XpDtd::Attribute* attribute = nullptr;
-    if (impliedElementM != nullptr) {
-        attribute = impliedElementM->findAttribute(theName);
-        if (attribute == nullptr) {
-            attribute = &impliedElementM->implyAttribute(std::make_unique<XpDtd::Attribute>(
-                theName, std::make_unique<XpCDataProcessor>(), XpDtd::Attribute::IMPLIED, nullptr));
-        }
-    } else {
-        attribute = &lookupCacheM->getAttribute(*currentElementM, theName);
+const XpDtd::Attribute& XpParserBase::obtainAttribute(std::string_view theName) {
+    if (impliedElementM == nullptr) {
+        return lookupCacheM->getAttribute(*currentElementM, theName);
     }
-    attributesM.add(*attribute,
-                    attribute->getProcessor().process(processAttValue(theLiteral), *lexerM,
-                                                      *activeDtdM, buildingDtdM));
+    const XpDtd::Attribute* attribute = impliedElementM->findAttribute(theName);
+    return attribute != nullptr
+               ? *attribute
+               : impliedElementM->implyAttribute(std::make_unique<XpDtd::Attribute>(
+                     theName, std::make_unique<XpCDataProcessor>(), XpDtd::Attribute::IMPLIED,
+                     nullptr));
+}
+
+void XpParserBase::addAttribute(const CpsString& theName, const CpsString& theLiteral) {
+    const XpDtd::Attribute& attribute = obtainAttribute(theName);
+    attributesM.add(attribute,
+                    attribute.getProcessor().process(processAttValue(theLiteral), *lexerM,
+                                                     *activeDtdM, buildingDtdM));
+}
+
+void XpParserBase::addPlainAttribute(std::string_view theName, std::string_view theLiteral) {
+    const XpDtd::Attribute& attribute = obtainAttribute(theName);
+    attributesM.add(attribute, attribute.getProcessor().process(theLiteral, *lexerM, *activeDtdM,
+                                                                buildingDtdM));
 }
 
 void XpParserBase::endStartTag() {
@@ -187,7 +196,7 @@ void XpParserBase::endEmptyElement() {
     finishElement();
 }
 
-void XpParserBase::endElement(const CpsString& theName) {
+void XpParserBase::endElement(std::string_view theName) {
     takeEnd("unexpected end of element");
     if (!(currentElementM->getName() == theName)) {
         fail("element tag mismatch: <" + currentElementM->getName() + "> ... </" + theName + ">");

@@ -18,6 +18,7 @@
 // In front of the macros by which bison renames yylex.
 %code top {
 #include "XpLexer.h"
+#include "XpPlainContent.h"
 }
 
 %code requires {
@@ -38,6 +39,9 @@ static int xplex(XPSTYPE* theValue, lumnis::XpParserBase& theParser) {
 static void xperror(lumnis::XpParserBase& theParser, const char* theMessage) {
     theParser.failToParse(theMessage);
 }
+
+// What a build step puts in front of each reading of a token.
+static const lumnis::XpPlainContent& xpplainContent();
 }
 
 // Those that stand for text have no value: the scanner holds the text until the next token.
@@ -103,7 +107,7 @@ optSpc:
 
 sepSpace:
     %empty { $$ = 0; }
-  | SPACE { theParser.addSpace(); $$ = 1; }
+  | SPACE { theParser.addSpace(theParser.getLexer().getTokenText()); $$ = 1; }
   ;
 
 freeStrings:
@@ -148,7 +152,7 @@ CharData:
   ;
 
 singleCharData:
-    CHARDATA { theParser.addCharData(); }
+    CHARDATA { theParser.addCharData(theParser.getLexer().getTokenText()); }
   | CHARREF { theParser.addCharacter($1); }
   | EntityRef CharData EndRef
   ;
@@ -457,3 +461,45 @@ ExternalOrPublicID:
   ;
 
 %%
+
+namespace {
+
+// The state behind theState and theSymbol, as the tables have it.
+int stateBehind(int theState, int theSymbol) {
+    if (theSymbol < YYNTOKENS) {
+        return yytable[yypact[theState] + theSymbol];
+    }
+    const int nonterminal = theSymbol - YYNTOKENS;
+    const int index = yypgoto[nonterminal] + theState;
+    return 0 <= index && index <= YYLAST && yycheck[index] == theState ? yytable[index]
+                                                                       : yydefgoto[nonterminal];
+}
+
+// The state behind the empty rule that is all that theState allows.
+int stateBehindEmptyRule(int theState) {
+    return stateBehind(theState, yyr1[yydefact[theState]]);
+}
+
+lumnis::XpPlainContent::States findContentStates() {
+    const auto state = [](int theState) {
+        return static_cast<lumnis::XpPlainContent::State>(theState);
+    };
+    lumnis::XpPlainContent::States states{};
+    states.beginStag = state(stateBehind(stateBehind(0, YYSYMBOL_PARSE_DOCUMENT),
+                                         YYSYMBOL_BEGIN_STAG));
+    states.begun = state(stateBehindEmptyRule(states.beginStag));
+    states.attributes = state(stateBehindEmptyRule(states.begun));
+    states.rangle = state(stateBehind(states.attributes, YYSYMBOL_RANGLE));
+    states.opened = state(stateBehindEmptyRule(states.rangle));
+    states.content = state(stateBehind(states.opened, YYSYMBOL_moreContent));
+    states.flushed = state(stateBehind(states.content, YYSYMBOL_flushCharData));
+    states.singleContent = state(stateBehind(states.content, YYSYMBOL_singleContent));
+    return states;
+}
+
+}  // namespace
+
+static const lumnis::XpPlainContent& xpplainContent() {
+    static const lumnis::XpPlainContent theContent(findContentStates());
+    return theContent;
+}

@@ -1,0 +1,64 @@
+// Reads the plain part of a document's body in one loop: elements whose attributes and text hold
+// no references, which is nearly all of a deck. The generated parser takes some five steps a
+// token for the same.
+//
+// It is a short cut through that parser, not another one. It calls the same actions in the same
+// order, each when the same text has been read, and leaves the same states on the parser's stack.
+// What is not plain, and every fault, it leaves unread, and the generated parser goes on there.
+#pragma once
+
+#include <cstdint>
+
+namespace lumnis {
+
+class XpParserBase;
+
+class XpPlainContent {
+  public:
+    using State = std::int16_t;
+
+    // The states of the generated parser that are on the stack inside of an element, from the
+    // content of its parent on.
+    struct States {
+        State content;        // behind moreContent
+        State flushed;        // behind flushCharData, in front of an element
+        State beginStag;      // behind BEGIN_STAG
+        State begun;          // behind its action
+        State attributes;     // in the tag: entry
+        State rangle;         // behind its end
+        State opened;         // behind its action, nothing of the content read: entry
+        State singleContent;  // in the content, something of it read: entry
+    };
+
+    explicit XpPlainContent(const States& theStates) : statesM(theStates) {}
+
+    // True if read may be called in theState, with no lookahead read.
+    bool isEntry(int theState) const {
+        return theState == statesM.attributes || theState == statesM.opened ||
+               theState == statesM.singleContent;
+    }
+    // Reads as far as the text is plain. theTop is the top of the parser's stack, theEnd the end of
+    // the room for it. Gives the new top, whose state is an entry again; there is no lookahead.
+    State* read(XpParserBase& theParser, State* theTop, const State* theEnd) const;
+
+  private:
+    bool readInTag(XpParserBase& theParser, State*& theTop) const;
+    bool readInContent(XpParserBase& theParser, State*& theTop) const;
+    bool readEndTag(XpParserBase& theParser, State*& theTop,
+                    const struct XpPlainText& theText) const;
+    bool readStartTag(XpParserBase& theParser, State*& theTop,
+                      const struct XpPlainText& theText) const;
+    // True if the element whose attributes state is at theTag stands in the content of another.
+    bool isInContent(const State* theTag) const {
+        return theTag[-4] == statesM.content && theTag[-3] == statesM.flushed;
+    }
+    // The top behind an element.
+    State* leave(State* theTag) const {
+        theTag[-3] = statesM.singleContent;
+        return theTag - 3;
+    }
+
+    States statesM;
+};
+
+}  // namespace lumnis
