@@ -27,6 +27,7 @@ class XpDtd::AttValueCData final : public XpDtd::AttValue {
     explicit AttValueCData(CpsString theData) : dataM(std::move(theData)) {}
 
     const CpsString& getData() const { return dataM; }
+    void setData(std::string_view theData) { dataM.assign(theData); }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override { return dataM; }
 

@@ -14,7 +14,7 @@ class XpDtd::AttributeMap {
   public:
     struct Entry {
         const Attribute* attribute;
-        std::unique_ptr<const AttValue> value;  // never null
+        const AttValue* value;  // the map's own; never null
     };
     using Entries = std::vector<Entry>;
 
@@ -33,6 +33,8 @@ class XpDtd::AttributeMap {
     // Throws DuplicateAttributeException for an attribute that is there, and
     // FixedAttributeException for a value that differs from a fixed one.
     void add(const Attribute& theAttribute, std::unique_ptr<const AttValue> theValue);
+    // The same for an attribute of type CDATA and the text of its value.
+    void addCData(const Attribute& theAttribute, std::string_view theText);
     // Puts the entries in order, once all are there. The other operations want that, but for add.
     void sort();
     void clear();
@@ -40,8 +42,13 @@ class XpDtd::AttributeMap {
   private:
     // False if it was there already.
     bool isNew(const Attribute& theAttribute);
+    void addEntry(const Attribute& theAttribute, const AttValue& theValue);
 
     Entries entriesM;
+    std::vector<std::unique_ptr<const AttValue>> valuesM;
+    // Values of CDATA attributes, by far the most frequent: those that a clear leaves serve again.
+    std::vector<std::unique_ptr<AttValueCData>> cDataM;
+    std::size_t cDataUsedM = 0;
     // The attributes again, when there are so many that looking through them would be slow.
     std::set<const Attribute*> indexM;
 };

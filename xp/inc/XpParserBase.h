@@ -166,6 +166,7 @@ class XpParserBase {
 
   private:
     const XpDtd::Attribute& obtainAttribute(std::string_view theName);
+    void addValue(const XpDtd::Attribute& theAttribute, std::string_view theText);
     void takeText(const char* theMessage);
     bool takeOptionalText();
     void takeEnd(const char* theMessage);

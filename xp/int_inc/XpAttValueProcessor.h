@@ -27,11 +27,14 @@ class XpDtd::AttValueProcessor {
     // True if an attribute of this type may be declared with theValue, which may be null.
     virtual bool checkDefault(const AttValue* theValue, Attribute::DefaultKind theKind) const;
     virtual bool isId() const { return false; }
+    // True if process takes the text as it is.
+    virtual bool isCData() const { return false; }
 };
 
 // Takes the text as it is.
 class XpCDataProcessor final : public XpDtd::AttValueProcessor {
   public:
+    bool isCData() const override { return true; }
     std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;

@@ -30,8 +30,7 @@ const XpDtd::AttValue* XpDtd::AttributeMap::find(const Attribute* theAttribute) 
                                               [](const Entry& theEntry, const Attribute* theOther) {
                                                   return ByCreation()(theEntry.attribute, theOther);
                                               });
-    return place != entriesM.end() && place->attribute == theAttribute ? place->value.get()
-                                                                       : nullptr;
+    return place != entriesM.end() && place->attribute == theAttribute ? place->value : nullptr;
 }
 
 bool XpDtd::AttributeMap::isNew(const Attribute& theAttribute) {
@@ -50,12 +49,26 @@ bool XpDtd::AttributeMap::isNew(const Attribute& theAttribute) {
 
 void XpDtd::AttributeMap::add(const Attribute& theAttribute,
                               std::unique_ptr<const AttValue> theValue) {
+    valuesM.push_back(std::move(theValue));
+    addEntry(theAttribute, *valuesM.back());
+}
+
+void XpDtd::AttributeMap::addCData(const Attribute& theAttribute, std::string_view theText) {
+    if (cDataUsedM == cDataM.size()) {
+        cDataM.push_back(std::make_unique<AttValueCData>(CpsString()));
+    }
+    AttValueCData& value = *cDataM[cDataUsedM++];
+    value.setData(theText);
+    addEntry(theAttribute, value);
+}
+
+void XpDtd::AttributeMap::addEntry(const Attribute& theAttribute, const AttValue& theValue) {
     if (!isNew(theAttribute)) {
         throw DuplicateAttributeException(theAttribute);
     }
-    entriesM.push_back({&theAttribute, std::move(theValue)});
+    entriesM.push_back({&theAttribute, &theValue});
     if (theAttribute.getDefaultKind() == Attribute::FIXED &&
-        !(*entriesM.back().value == *theAttribute.getDefault())) {
+        !(theValue == *theAttribute.getDefault())) {
         throw FixedAttributeException(theAttribute);
     }
 }
@@ -68,6 +81,8 @@ void XpDtd::AttributeMap::sort() {
 
 void XpDtd::AttributeMap::clear() {
     entriesM.clear();
+    valuesM.clear();
+    cDataUsedM = 0;
     indexM.clear();
 }
 

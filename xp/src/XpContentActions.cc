@@ -132,15 +132,20 @@ const XpDtd::Attribute& XpParserBase::obtainAttribute(std::string_view theName) 
 
 void XpParserBase::addAttribute(const CpsString& theName, const CpsString& theLiteral) {
     const XpDtd::Attribute& attribute = obtainAttribute(theName);
-    attributesM.add(attribute,
-                    attribute.getProcessor().process(processAttValue(theLiteral), *lexerM,
-                                                     *activeDtdM, buildingDtdM));
+    addValue(attribute, processAttValue(theLiteral));
 }
 
 void XpParserBase::addPlainAttribute(std::string_view theName, std::string_view theLiteral) {
-    const XpDtd::Attribute& attribute = obtainAttribute(theName);
-    attributesM.add(attribute, attribute.getProcessor().process(theLiteral, *lexerM, *activeDtdM,
-                                                                buildingDtdM));
+    addValue(obtainAttribute(theName), theLiteral);
+}
+
+void XpParserBase::addValue(const XpDtd::Attribute& theAttribute, std::string_view theText) {
+    if (theAttribute.isCData()) {
+        attributesM.addCData(theAttribute, theText);
+    } else {
+        attributesM.add(theAttribute, theAttribute.getProcessor().process(
+                                          theText, *lexerM, *activeDtdM, buildingDtdM));
+    }
 }
 
 void XpParserBase::endStartTag() {
