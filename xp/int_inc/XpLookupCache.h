@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <string_view>
+#include <utility>
 
 #include "XpDtd.h"
 
@@ -15,40 +16,63 @@ class XpLookupCache {
   public:
     // As XpDtd::obtainElement.
     const XpDtd::Element& obtainElement(const XpDtd& theDtd, std::string_view theName) {
-        const XpDtd::Element*& slot = elementsM[hash(theName) % theSize];
-        if (slot == nullptr || slot->getName().view() != theName) {
-            slot = &theDtd.obtainElement(theName);
-        }
-        return *slot;
+        return *recall(
+            elementsM[placeOf(hash(theName))],
+            [&](const XpDtd::Element* theElement) {
+                return theElement != nullptr && theElement->getName().view() == theName;
+            },
+            [&] { return &theDtd.obtainElement(theName); });
     }
     // As XpDtd::Element::getAttribute.
     const XpDtd::Attribute& getAttribute(const XpDtd::Element& theElement,
                                          std::string_view theName) {
-        Slot& slot = attributesM[(hash(theName) + theElement.getCreation()) % theSize];
-        if (slot.element != &theElement || slot.attribute->getName().view() != theName) {
-            slot = {&theElement, &theElement.getAttribute(theName)};
-        }
-        return *slot.attribute;
+        return *recall(
+                    attributesM[placeOf(hash(theName) + theElement.getCreation())],
+                    [&](const Use& theUse) {
+                        return theUse.element == &theElement &&
+                               theUse.attribute->getName().view() == theName;
+                    },
+                    [&] {
+                        return Use{&theElement, &theElement.getAttribute(theName)};
+                    })
+                    .attribute;
     }
 
   private:
-    static constexpr std::size_t theSize = 128;
-
-    struct Slot {
+    struct Use {
         const XpDtd::Element* element;
         const XpDtd::Attribute* attribute;
     };
+    // Two that share a place, the one that was used last in front.
+    template <typename T>
+    using Pair = std::array<T, 2>;
 
-    static std::size_t hash(std::string_view theName) {
-        std::size_t result = theName.size();
+    static constexpr unsigned theBits = 7;
+    static constexpr std::size_t theSize = 1u << theBits;
+
+    template <typename T, typename Matches, typename Find>
+    static const T& recall(Pair<T>& thePair, Matches theMatches, Find theFind) {
+        if (!theMatches(thePair[0])) {
+            if (!theMatches(thePair[1])) {
+                thePair[1] = theFind();
+            }
+            std::swap(thePair[0], thePair[1]);
+        }
+        return thePair[0];
+    }
+    static std::uint64_t hash(std::string_view theName) {
+        std::uint64_t result = theName.size();
         for (const char c : theName) {
             result = result * 33 + static_cast<unsigned char>(c);
         }
         return result;
     }
+    static std::size_t placeOf(std::uint64_t theHash) {
+        return static_cast<std::size_t>((theHash * 0x9E3779B97F4A7C15u) >> (64 - theBits));
+    }
 
-    std::array<const XpDtd::Element*, theSize> elementsM{};
-    std::array<Slot, theSize> attributesM{};
+    std::array<Pair<const XpDtd::Element*>, theSize> elementsM{};
+    std::array<Pair<Use>, theSize> attributesM{};
 };
 
 }  // namespace lumnis
