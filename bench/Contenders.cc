@@ -6,6 +6,7 @@
 extern "C" {
 #include <lua5.4/lauxlib.h>
 #include <lua5.4/lua.h>
+#include <duktape.h>
 #include <mujs.h>
 }
 
@@ -47,12 +48,22 @@ void compileMuJs(const std::string& theSource) {
     js_freestate(state);
 }
 
+// Compiles alone: the function that comes of it is not called.
+void compileDuktape(const std::string& theSource) {
+    duk_context* context = duk_create_heap_default();
+    if (duk_pcompile_lstring(context, 0, theSource.data(), theSource.size()) != 0) {
+        refused("Duktape", duk_safe_to_string(context, -1));
+    }
+    duk_destroy_heap(context);
+}
+
 }  // namespace
 
-const Contender theContenders[3] = {
+const Contender theContenders[4] = {
     {"lumnis", Dialect::WmlScript, compileWmlScript},
     {"Lua 5.4", Dialect::Lua, compileLua},
     {"MuJS", Dialect::JavaScript, compileMuJs},
+    {"Duktape", Dialect::JavaScript, compileDuktape},
 };
 
 }  // namespace lumnis::bench

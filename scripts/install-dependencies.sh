@@ -3,7 +3,7 @@
 set -eu
 
 packages="cmake ninja-build g++ clang flex bison re2c ccache libcli11-dev libgtest-dev libgmock-dev
-libbenchmark-dev liblua5.4-dev libmujs-dev libxml2-dev libexpat1-dev pkg-config"
+libbenchmark-dev liblua5.4-dev libmujs-dev duktape-dev libxml2-dev libexpat1-dev pkg-config"
 
 is_installed() {
     status=$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) && [ "$status" = installed ]
