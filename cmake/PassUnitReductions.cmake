@@ -15,7 +15,7 @@ if(first EQUAL -1 OR NOT first EQUAL last)
   message(FATAL_ERROR "${INPUT}: not the skeleton that is known here")
 endif()
 string(REPLACE "${anchor}" "${anchor}  if (yyss < yyssp)
-    yystate = passUnitReductions (yystate, yyssp[-1], yychar, theParser,
+    yystate = passUnitReductions<YYNSTATES> (yystate, yyssp[-1], yychar, theParser,
                                   UnitReductionTables {yypact, yydefact, yypgoto, yydefgoto, yytable,
                                     yycheck, yyr1, yyr2, yytranslate, YYPACT_NINF, YYLAST, YYNTOKENS});
 " text "${text}")

@@ -72,11 +72,14 @@ constexpr bool isTransparent(int theSymbol) noexcept {
     }
 }
 
-template <class Tables>
+template <std::size_t theStates, class Tables>
 int passUnitReductions(int theState, int theStateBelow, int theToken,
                        lumnis::WscParser& theParser, const Tables& theTables) {
-    return passUnits(theState, theStateBelow, theToken, theTables, theParser.unitReductions(),
-                     isTransparent);
+    static const auto theUnitRules = findUnitRules<theStates>(theTables, isTransparent);
+    return theUnitRules[static_cast<std::size_t>(theState)] == 0
+               ? theState
+               : passUnits(theState, theStateBelow, theToken, theTables, theUnitRules,
+                           theParser.unitReductions());
 }
 
 }  // namespace

@@ -61,12 +61,27 @@ class UnitReductionMemo {
     std::array<Entry, 512> entriesM;
 };
 
+// For each state the rule by which it reduces when nothing else is to be done, if that one only
+// hands a value up; else 0. isTransparent tells for the number of a nonterminal whether its rules
+// of one symbol are without action.
+template <std::size_t theStates, class Tables, class Predicate>
+std::array<std::int16_t, theStates> findUnitRules(const Tables& theTables,
+                                                  Predicate isTransparent) {
+    std::array<std::int16_t, theStates> rules{};
+    for (std::size_t state = 0; state < rules.size(); ++state) {
+        const int rule = theTables.defact[state];
+        if (theTables.r2[rule] == 1 && isTransparent(theTables.r1[rule])) {
+            rules[state] = static_cast<std::int16_t>(rule);
+        }
+    }
+    return rules;
+}
+
 // The state to go on from when theState has been reached above theStateBelow. theToken is the
-// look-ahead, negative when none has been read. isTransparent tells for the number of a
-// nonterminal whether its rules of one symbol are without action.
-template <class Tables, class Predicate>
+// look-ahead, negative when none has been read.
+template <class Tables, class UnitRules>
 inline int passUnits(int theState, int theStateBelow, int theToken, const Tables& theTables,
-                     UnitReductionMemo& theMemo, Predicate isTransparent) {
+                     const UnitRules& theUnitRules, UnitReductionMemo& theMemo) {
     const int lookAhead = theToken < 0 ? -1 : theTables.translate[theToken];
     // The rule by which the loop would reduce here, if it is one to pass through; else 0.
     const auto passedRule = [&](int theStep) {
@@ -78,8 +93,7 @@ inline int passUnits(int theState, int theStateBelow, int theToken, const Tables
                 return 0;  // the look-ahead decides: no default reduction
             }
         }
-        const int rule = theTables.defact[theStep];
-        return theTables.r2[rule] == 1 && isTransparent(theTables.r1[rule]) ? rule : 0;
+        return static_cast<int>(theUnitRules[static_cast<std::size_t>(theStep)]);
     };
     int rule = passedRule(theState);
     if (rule == 0) {
