@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <limits>
-#include <stdexcept>
 #include <system_error>
 
 #include "WscCompilerException.h"
@@ -64,12 +63,10 @@ double parseFloat(std::string_view theText) noexcept {
 
 }  // namespace
 
-WscLexer::WscLexer(const CpsString& theSource) {
-    // The generated scanner counts in int and adds two.
-    if (theSource.length() > std::numeric_limits<int>::max() - 2) {
-        throw std::runtime_error("The source is too long.");
-    }
-    beginScan(theSource);
+WscLexer::WscLexer(const CpsString& theSource)
+    : cursorM(reinterpret_cast<const unsigned char*>(theSource.data())),
+      limitM(cursorM + theSource.length()) {
+    theSource.c_str();  // the scanner wants a terminator
 }
 
 void WscLexer::LexerError(const CpsString& theText) const {
@@ -123,26 +120,64 @@ int WscLexer::floatLiteral(std::string_view theText) noexcept {
     return WSC_FLOAT_LITERAL;
 }
 
-void WscLexer::beginString() {
-    currentStringM = &stringsM.emplace_back();
+bool WscLexer::scanString() {
+    const unsigned char quote = cursorM[-1];
+    CpsString& string = stringsM.emplace_back();
+    for (;;) {
+        const unsigned char* const end = std::find_if(cursorM, limitM, [&](unsigned char theByte) {
+            return theByte == quote || theByte == '\\' || theByte == '\n';
+        });
+        take(end);
+        string += textM.substr(0, textM.find('\0'));  // what is behind a NUL does not count
+        if (end == limitM) {
+            return false;
+        }
+        if (*end == '\\') {
+            if (!scanEscape(string)) {
+                return false;
+            }
+            continue;
+        }
+        take(end + 1);
+        if (*end == '\n') {
+            LexerError("Error in lexical stage. Unterminated string literal: " + CpsString(textM));
+        }
+        tokenValueM.text = &string;
+        return true;
+    }
 }
 
-void WscLexer::endString() noexcept {
-    tokenValueM.text = currentStringM;
+void WscLexer::skipLineComment() {
+    cursorM = std::find(cursorM, limitM, '\n');
+    if (cursorM != limitM) {
+        ++cursorM;
+        ++lineNumberM;
+    }
+}
+
+void WscLexer::skipBlockComment() {
+    for (; cursorM != limitM; ++cursorM) {
+        if (cursorM[0] == '*' && cursorM[1] == '/') {
+            cursorM += 2;
+            return;
+        }
+        lineNumberM += *cursorM == '\n';
+    }
 }
 
 // One or two octal digits give a byte, not a character; they cannot exceed 63.
-void WscLexer::addEscapedByte(std::string_view theDigits) {
+void WscLexer::addEscapedByte(CpsString& theString, std::string_view theDigits) {
     std::uint32_t value = 0;
     std::from_chars(theDigits.data(), theDigits.data() + theDigits.size(), value, 8);
-    *currentStringM += static_cast<char>(value);
+    theString += static_cast<char>(value);
 }
 
-void WscLexer::addEscapedCharacter(std::string_view theDigits, unsigned theBase) {
+void WscLexer::addEscapedCharacter(CpsString& theString, std::string_view theDigits,
+                                   unsigned theBase) {
     std::uint32_t value = 0;
     std::from_chars(theDigits.data(), theDigits.data() + theDigits.size(), value,
                     static_cast<int>(theBase));
-    *currentStringM += getAsUtf8(value);
+    theString += getAsUtf8(value);
 }
 
 void WscLexer::reservedWord(std::string_view theWord) const {

@@ -1,5 +1,5 @@
 // The scanner of WMLScript (WMLScript standard, "Lexical Structure"). Its rules stand in
-// WscScanner.l; the work of their actions stands here.
+// WscScanner.re; the work of their actions stands here.
 #pragma once
 
 #include <cstddef>
@@ -8,7 +8,6 @@
 #include <string_view>
 
 #include "CpsString.h"
-#include "WscArena.h"
 #include "WscName.h"
 #include "WscNumberTable.h"
 #include "WscTokenValue.h"
@@ -26,7 +25,7 @@ class WscLexer {
     // The next token's number and, in theValue, its value; 0 at the end of the source, in
     // whatever state that comes. Throws WscCompilerException at a lexical fault.
     int yylex(WscTokenValue& theValue) {
-        const int token = scan(scannerM);
+        const int token = scan();
         theValue = tokenValueM;
         return token;
     }
@@ -38,36 +37,43 @@ class WscLexer {
     // UTF-8 in its original form of up to six bytes: no test for surrogates or a largest value.
     static CpsString getAsUtf8(std::uint32_t theValue);
 
-    // Memory for the generated scanner, until the lexer dies.
-    void* allocate(std::size_t theSize) { return memoryM.allocate(theSize); }
-
   private:
-    void beginScan(const CpsString& theSource);
-    // The generated scanner; theScanner is its state.
-    int scan(void* theScanner);
+    int scan();
+    // Ends a token in front of theCursor: it becomes textM.
+    void take(const unsigned char* theCursor) noexcept {
+        textM = {reinterpret_cast<const char*>(cursorM),
+                 static_cast<std::size_t>(theCursor - cursorM)};
+        cursorM = theCursor;
+    }
 
     // Actions of the rules. theText is the text matched.
-    int token(int theToken) noexcept {
+    int token(const unsigned char* theCursor, int theToken) noexcept {
+        cursorM = theCursor;
         tokenValueM.token = theToken;
         return theToken;
     }
     int identifier(std::string_view theText);
     int integerLiteral(std::string_view theText) noexcept;
     int floatLiteral(std::string_view theText) noexcept;
-    void beginString();
-    void endString() noexcept;
-    void addEscapedByte(std::string_view theDigits);
-    void addEscapedCharacter(std::string_view theDigits, unsigned theBase);
+    // The characters of a literal behind its opening quote. False at the end of the source: the
+    // literal is dropped then, and with it a back-slash that nothing follows.
+    bool scanString();
+    bool scanEscape(CpsString& theString);
+    void addEscapedByte(CpsString& theString, std::string_view theDigits);
+    void addEscapedCharacter(CpsString& theString, std::string_view theDigits, unsigned theBase);
+    // Behind the opening mark.
+    void skipLineComment();
+    void skipBlockComment();
     [[noreturn]] void reservedWord(std::string_view theWord) const;
     [[noreturn]] void unknownCharacter(std::string_view theCharacter) const;
 
-    WscArena memoryM;
-    void* scannerM = nullptr;  // lives in memoryM
+    const unsigned char* cursorM;
+    const unsigned char* limitM;
+    std::string_view textM;
     // What token values point to; addresses stay.
     std::deque<CpsString> stringsM;
     std::deque<WscName> namesM;  // by number
     WscNumberTable<std::string_view> nameNumbersM;
-    CpsString* currentStringM = nullptr;  // the literal under construction
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};
 };
