@@ -7,10 +7,10 @@
 #include <deque>
 #include <string_view>
 
+#include "CpsNumberTable.h"
 #include "CpsString.h"
-#include "WscArena.h"
+#include "FwArena.h"
 #include "WscName.h"
-#include "WscNumberTable.h"
 #include "WscTokenValue.h"
 
 namespace lumnis {
@@ -61,12 +61,12 @@ class WscLexer {
     [[noreturn]] void reservedWord(std::string_view theWord) const;
     [[noreturn]] void unknownCharacter(std::string_view theCharacter) const;
 
-    WscArena memoryM;
+    FwArena memoryM;
     void* scannerM = nullptr;  // lives in memoryM
     // What token values point to; addresses stay.
     std::deque<CpsString> stringsM;
     std::deque<WscName> namesM;  // by number
-    WscNumberTable<std::string_view> nameNumbersM;
+    CpsNumberTable<std::string_view> nameNumbersM;
     CpsString* currentStringM = nullptr;  // the literal under construction
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};
