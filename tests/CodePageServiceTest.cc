@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstring>
 #include <new>
+#include <string>
 
 #include "CCException.h"
 #include "CcCharsetConverter.h"
@@ -136,6 +137,30 @@ TEST(CodePageService, AskForMoreRoomThanThereIsAndNothingIsUsable) {
             for (std::size_t i = room; i < sizeof buffer; ++i) {
                 EXPECT_EQ(buffer[i], 0);
             }
+        }
+    }
+}
+
+// Runs of ASCII of every length, since those are copied in words.
+TEST(CodePageService, Latin1IsTheBeginningOfUnicode) {
+    const auto converter = FwCodePageConverter::create();
+    ASSERT_EQ(converter->initialize(28591, 65001), FwCodePageConverter::Result::converted);
+    for (std::size_t length = 0; length < 40; ++length) {
+        for (unsigned byte = 0; byte < 256; ++byte) {
+            std::string source(length, 'a');
+            source += static_cast<char>(byte);
+            source += "b\xFF";
+            std::string expected(length, 'a');
+            expected += CcCharsetConverter::getAsUtf8(byte).view();
+            expected += "b\xC3\xBF";
+            std::string buffer(4 * source.size(), '?');
+            std::size_t size = 0;
+            EXPECT_EQ(converter->convert(source, buffer, size),
+                      FwCodePageConverter::Result::converted);
+            EXPECT_EQ(buffer.substr(0, size), expected);
+            EXPECT_EQ(converter->convert(source, {buffer.data(), expected.size() - 1}, size),
+                      FwCodePageConverter::Result::failed);
+            EXPECT_EQ(size, 0u);
         }
     }
 }

@@ -28,8 +28,6 @@ std::string_view range(const CpsString& theString, std::uint32_t thePosition,
 
 }  // namespace
 
-CpsString::CpsString() noexcept : endM(localM), beginM(localM), limitM(localM + theLocalSize) {}
-
 CpsString::CpsString(std::string_view theText) : CpsString(theText, std::string_view()) {}
 
 CpsString::CpsString(const char* theText) : CpsString(std::string_view(theText)) {}
@@ -54,10 +52,6 @@ CpsString::CpsString(std::string_view theLeft, std::string_view theRight) : CpsS
     copyBytes(beginM, theLeft.data(), theLeft.size());
     copyBytes(beginM + theLeft.size(), theRight.data(), theRight.size());
     endM = beginM + length;
-}
-
-CpsString::~CpsString() {
-    release();
 }
 
 CpsString& CpsString::operator=(CpsString&& theOther) noexcept {
@@ -175,12 +169,6 @@ void CpsString::takeFrom(CpsString& theOther) noexcept {
         theOther.limitM = theOther.localM + theLocalSize;
     }
     theOther.endM = theOther.beginM;
-}
-
-void CpsString::release() noexcept {
-    if (beginM != localM) {
-        delete[] beginM;
-    }
 }
 
 }  // namespace lumnis

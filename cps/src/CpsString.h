@@ -16,7 +16,7 @@ class CpsString {
     // Bytes that fit into the object itself; one of them is kept for the terminator of c_str.
     static constexpr std::uint32_t theLocalSize = 64;
 
-    CpsString() noexcept;
+    CpsString() noexcept : endM(localM), beginM(localM), limitM(localM + theLocalSize) {}
     // Takes all bytes of theText. A literal or another NUL-terminated text counts up to its
     // terminator. Throws std::length_error above 4294967039 bytes, as every growing operation.
     CpsString(std::string_view theText);  // NOLINT(google-explicit-constructor): text is a string
@@ -31,7 +31,7 @@ class CpsString {
     CpsString(const CpsString& theOther, std::uint32_t thePosition, std::uint32_t theCount);
     // Both contents, theLeft first: the form behind operator+.
     CpsString(std::string_view theLeft, std::string_view theRight);
-    virtual ~CpsString();
+    virtual ~CpsString() { release(); }
 
     CpsString& operator=(const CpsString& theOther) { return assign(theOther); }
     CpsString& operator=(CpsString&& theOther) noexcept;
@@ -129,7 +129,11 @@ class CpsString {
     void reallocate(std::size_t theLength, std::size_t theKept);
     void growBy(std::size_t theCount);
     void takeFrom(CpsString& theOther) noexcept;
-    void release() noexcept;
+    void release() noexcept {
+        if (beginM != localM) {
+            delete[] beginM;
+        }
+    }
 
     char* endM;    // one past the content; always below limitM
     char* beginM;  // localM or a heap block whose size is a multiple of 256

@@ -103,6 +103,12 @@ CpsString checkDollars(std::string_view theValue) {
 }
 
 void writeCdata(std::string_view theValue, WmlCtrl& theCtrl) {
+    if (theValue.find('$') == std::string_view::npos) {
+        if (!theValue.empty()) {
+            theCtrl.tokenizeAttributeValue(theValue);
+        }
+        return;
+    }
     const CpsString value = checkDollars(theValue);
     if (!value.empty()) {
         theCtrl.tokenizeAttributeValue(value);
@@ -152,7 +158,8 @@ bool WmlActor::tokenizeVdata(unsigned char theToken, const XpDtd::Attribute& the
         return false;
     }
     addAttrToken(theToken, theCtrl);
-    writeVdata(value->toString(), theCtrl, theEscapeDefault, theVdataError);
+    CpsString buffer;
+    writeVdata(value->text(buffer), theCtrl, theEscapeDefault, theVdataError);
     return true;
 }
 
@@ -163,8 +170,8 @@ bool WmlActor::tokenizeVdata(unsigned char theToken, const XpDtd::Attribute& the
     if (value == nullptr) {
         return false;
     }
-    const CpsString text = value->toString();
-    std::string_view rest = text;
+    CpsString buffer;
+    std::string_view rest = value->text(buffer);
     const Prefix* prefix = cutPrefix(rest, thePrefixes);
     addAttrToken(prefix == nullptr ? theToken : prefix->token, theCtrl);
     writeVdata(rest, theCtrl, theEscapeDefault, prefix == nullptr ? thePlainError : theVdataError);
@@ -178,8 +185,8 @@ bool WmlActor::tokenizeVdata(unsigned char theToken, const XpDtd::Attribute& the
     if (value == nullptr) {
         return false;
     }
-    const CpsString text = value->toString();
-    std::string_view rest = text;
+    CpsString buffer;
+    std::string_view rest = value->text(buffer);
     writeStart(theToken, rest, theCtrl, thePrefixes);
     writeVdata(rest, theCtrl, theEscapeDefault, thePlainError);
     return true;
@@ -197,8 +204,8 @@ bool WmlActor::tokenizeCdata(unsigned char theToken, const XpDtd::Attribute& the
     if (value == nullptr) {
         return false;
     }
-    const CpsString text = value->toString();
-    std::string_view rest = text;
+    CpsString buffer;
+    std::string_view rest = value->text(buffer);
     const Prefix* prefix = cutPrefix(rest, thePrefixes);
     addAttrToken(prefix == nullptr ? theToken : prefix->token, theCtrl);
     writeCdata(rest, theCtrl);
@@ -212,8 +219,8 @@ bool WmlActor::tokenizeCdata(unsigned char theToken, const XpDtd::Attribute& the
     if (value == nullptr) {
         return false;
     }
-    const CpsString text = value->toString();
-    std::string_view rest = text;
+    CpsString buffer;
+    std::string_view rest = value->text(buffer);
     writeStart(theToken, rest, theCtrl, thePrefixes);
     // This form alone writes an empty string where nothing follows the prefix.
     theCtrl.tokenizeAttributeValue(checkDollars(rest));
@@ -226,7 +233,8 @@ bool WmlActor::tokenizeNumber(unsigned char theToken, const XpDtd::Attribute& th
     if (value == nullptr) {
         return false;
     }
-    const CpsString text = value->toString();
+    CpsString buffer;
+    const std::string_view text = value->text(buffer);
     if (!WmlCtrl::checkNumber(text)) {
         throw WmlActorException("error: illegal number in attribute: " + theAttr.getName());
     }
@@ -241,7 +249,8 @@ bool WmlActor::tokenizeLength(unsigned char theToken, const XpDtd::Attribute& th
     if (value == nullptr) {
         return false;
     }
-    const CpsString text = value->toString();
+    CpsString buffer;
+    const std::string_view text = value->text(buffer);
     if (!WmlCtrl::validateLength(text)) {
         throw WmlActorException("error: illegal length in attribute: " + theAttr.getName());
     }
@@ -251,12 +260,13 @@ bool WmlActor::tokenizeLength(unsigned char theToken, const XpDtd::Attribute& th
 }
 
 bool WmlActor::tokenizeCoreAttrs(const XpDtd::AttributeMap& theAttributes, WmlCtrl& theCtrl) const {
+    CpsString buffer;
     bool isAny = false;
     for (const auto& [attr, token] :
          {std::pair(idAttrM, theIdToken), std::pair(classAttrM, theClassToken)}) {
         if (const XpDtd::AttValue* value = theAttributes.find(attr)) {
             addAttrToken(token, theCtrl);
-            theCtrl.addStringToOutput(value->toString());
+            theCtrl.addStringToOutput(value->text(buffer));
             isAny = true;
         }
     }

@@ -35,6 +35,37 @@ char lowerCase(char theByte) {
     return theByte >= 'A' && theByte <= 'Z' ? static_cast<char>(theByte - 'A' + 'a') : theByte;
 }
 
+bool hasVariables(std::string_view theText) {
+    return theText.find('$') != std::string_view::npos;
+}
+
+// How many bytes of theText come before white space that is more than one blank.
+std::size_t collapsedLength(std::string_view theText) {
+    for (std::size_t i = 0; i < theText.size(); ++i) {
+        if (isWmlSpace(theText[i]) &&
+            (theText[i] != ' ' || (i + 1 < theText.size() && isWmlSpace(theText[i + 1])))) {
+            return i;
+        }
+    }
+    return theText.size();
+}
+
+// Appends theText with each run of white space as one blank.
+void appendCollapsed(CpsString& theResult, std::string_view theText) {
+    for (;;) {
+        const std::size_t length = collapsedLength(theText);
+        theResult += theText.substr(0, length);
+        if (length == theText.size()) {
+            return;
+        }
+        theResult += ' ';
+        theText.remove_prefix(length);
+        while (!theText.empty() && isWmlSpace(theText[0])) {
+            theText.remove_prefix(1);
+        }
+    }
+}
+
 // The token of a conversion (WML 1.3, 10.3.1), END for one that is not known.
 unsigned char tokenOfConversion(std::string_view theConversion, bool areShortKnown) {
     CpsString name(theConversion);
@@ -151,20 +182,39 @@ bool WmlCtrl::splitAtVariables(std::string_view theSource, CpsString& theError,
 
 bool WmlCtrl::parseVData(std::string_view theSource, CpsString& theError, bool theTokenize,
                          bool theEscapeDefault) {
+    const auto write = [&](std::string_view text) {
+        if (theTokenize) {
+            tokenizeAttributeValue(text);
+        } else {
+            addStringToOutput(text);
+        }
+    };
+    // Most values are one piece, and as they are to be.
+    if (!hasVariables(theSource) && collapsedLength(theSource) == theSource.size()) {
+        if (!theSource.empty()) {
+            write(theSource);
+        }
+        return true;
+    }
     return splitAtVariables(
         theSource, theError, theEscapeDefault,
         [&](CpsString& text) {
             removeWhitespaces(text);
-            if (theTokenize) {
-                tokenizeAttributeValue(text);
-            } else {
-                addStringToOutput(text);
-            }
+            write(text);
         },
         [&](const CpsString& variable) { addToOutput(variable.view()); });
 }
 
 bool WmlCtrl::parsePcData(std::string_view theSource, CpsString& theError, bool thePreserve) {
+    if (!theSource.empty() && !hasVariables(theSource)) {
+        if (thePreserve) {
+            pcDataBufferM += theSource;
+        } else {
+            appendCollapsed(pcDataBufferM, theSource);
+        }
+        lastWasVarRefM = false;
+        return true;
+    }
     return splitAtVariables(
         theSource, theError, false,
         [&](CpsString& text) {
@@ -257,9 +307,9 @@ void WmlCtrl::removeWhitespacesAtEnd(CpsString& theText, bool theKeepOne) {
 }
 
 void WmlCtrl::removeWhitespaces(CpsString& theText) {
-    std::uint32_t end = 0;
+    auto end = static_cast<std::uint32_t>(collapsedLength(theText));
     bool wasSpace = false;
-    for (std::uint32_t i = 0; i < theText.length(); ++i) {
+    for (std::uint32_t i = end; i < theText.length(); ++i) {
         const bool isSpace = isWmlSpace(theText[i]);
         if (!isSpace) {
             theText[end++] = theText[i];

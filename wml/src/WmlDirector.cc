@@ -1,7 +1,5 @@
 #include "WmlDirector.h"
 
-#include <iterator>
-
 #include "FwTraceScope.h"
 #include "WmlDtdTexts.h"
 #include "WmlTagActors.h"
@@ -31,17 +29,8 @@ WmlDirector::WmlDirector()
       wml12IdM("-//WAPFORUM//DTD WML 1.2//EN"),
       wml13IdM("-//WAPFORUM//DTD WML 1.3//EN"),
       wtaWml12IdM("-//WAPFORUM//DTD WTA-WML 1.2//EN"),
-      wmlTokenizerM(false),
-      wtaWmlTokenizerM(true) {
+      wmlTokenizerM(false) {
     const FwTraceScope scope("WmlDirector::WmlDirector");
-    setupDtd(theWml11DtdText, wml11DtdM);
-    setupDtd(theWml12DtdText, wml12DtdM);
-    setupDtd(theWml13DtdText, wml13DtdM);
-    setupDtd(theWtaWml12DtdText, wtaWml12DtdM);
-    setupWml11Actors();
-    setupWml12Actors();
-    setupWml13Actors();
-    setupWtaWml12Actors();
     // Last, so that another thread never finds a half-made director in the registry.
     XaProducer::instance().registerDirector(this, nullptr, theWmlMediaType);
     XaProducer::instance().registerDirector(this, nullptr, theWtaWmlMediaType);
@@ -49,43 +38,58 @@ WmlDirector::WmlDirector()
 
 WmlDirector::~WmlDirector() = default;
 
-void WmlDirector::setupWml11Actors() {
-    setupActors(wml11DtdM, 1, wmlTokenizerM);
+void WmlDirector::setupWml11Actors(KnownType& theType) {
+    setupActors(theType, 1, wmlTokenizerM);
 }
-void WmlDirector::setupWml12Actors() {
-    setupActors(wml12DtdM, 2, wmlTokenizerM);
+void WmlDirector::setupWml12Actors(KnownType& theType) {
+    setupActors(theType, 2, wmlTokenizerM);
 }
-void WmlDirector::setupWml13Actors() {
-    setupActors(wml13DtdM, 3, wmlTokenizerM);
+void WmlDirector::setupWml13Actors(KnownType& theType) {
+    setupActors(theType, 3, wmlTokenizerM);
 }
-void WmlDirector::setupWtaWml12Actors() {
-    setupActors(wtaWml12DtdM, 2, wtaWmlTokenizerM);
-}
-
-void WmlDirector::setupActors(XpDtd& theDtd, int theVersion, WmlTokenizer& theTokenizer) {
-    auto actors = makeWmlTagActors(theDtd, theVersion);
-    actorsM.insert(actorsM.end(), std::make_move_iterator(actors.begin()),
-                   std::make_move_iterator(actors.end()));
-    theDtd.setPcDataActor(&pcDataActorM);
-    theDtd.setCdSectionActor(&cdSectionActorM);
-    theDtd.setPiActor(&theTokenizer);
+void WmlDirector::setupWtaWml12Actors(KnownType& theType) {
+    setupActors(theType, 2, wtaWmlTokenizer());
 }
 
-WmlDirector::DocumentType WmlDirector::findDocumentType(std::string_view thePublicId) const {
+void WmlDirector::setupActors(KnownType& theType, int theVersion, WmlTokenizer& theTokenizer) {
+    theType.actors = makeWmlTagActors(theType.dtd, theVersion);
+    theType.dtd.setPcDataActor(&pcDataActorM);
+    theType.dtd.setCdSectionActor(&cdSectionActorM);
+    theType.dtd.setPiActor(&theTokenizer);
+}
+
+const XpDtd& WmlDirector::obtainDtd(LazyType& theType, std::string_view theText,
+                                    void (WmlDirector::*theSetup)(KnownType& theType)) {
+    return theType
+        .get([&] {
+            auto type = std::make_unique<KnownType>();
+            setupDtd(theText, type->dtd);
+            (this->*theSetup)(*type);
+            return type;
+        })
+        .dtd;
+}
+
+WmlTokenizer& WmlDirector::wtaWmlTokenizer() {
+    return wtaWmlTokenizerM.get([] { return std::make_unique<WmlTokenizer>(true); });
+}
+
+WmlDirector::DocumentType WmlDirector::findDocumentType(std::string_view thePublicId) {
     if (thePublicId.empty()) {
         return {1, 1, 1, nullptr};
     }
     if (wml11IdM == thePublicId) {
-        return {1, 1, 4, &wml11DtdM};
+        return {1, 1, 4, &obtainDtd(wml11DtdM, theWml11DtdText, &WmlDirector::setupWml11Actors)};
     }
     if (wml12IdM == thePublicId) {
-        return {2, 1, 9, &wml12DtdM};
+        return {2, 1, 9, &obtainDtd(wml12DtdM, theWml12DtdText, &WmlDirector::setupWml12Actors)};
     }
     if (wml13IdM == thePublicId) {
-        return {3, 1, 10, &wml13DtdM};
+        return {3, 1, 10, &obtainDtd(wml13DtdM, theWml13DtdText, &WmlDirector::setupWml13Actors)};
     }
     if (wtaWml12IdM == thePublicId) {
-        return {3, 3, 12, &wtaWml12DtdM};
+        return {3, 3, 12,
+                &obtainDtd(wtaWml12DtdM, theWtaWml12DtdText, &WmlDirector::setupWtaWml12Actors)};
     }
     return {1, 1, 0, nullptr};
 }
@@ -108,7 +112,7 @@ std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutp
     }
     *theOutputMediaType = isWta ? theWtaWmlcMediaType : theWmlcMediaType;
     XaWbxmlCtrl* const context = ctrl.get();
-    WmlTokenizer& tokenizer = isWta ? wtaWmlTokenizerM : wmlTokenizerM;
+    WmlTokenizer& tokenizer = isWta ? wtaWmlTokenizer() : wmlTokenizerM;
 
     const DocumentType type = findDocumentType(publicId);
     const bool isOfType = type.dtd != nullptr && !hasSubset;

@@ -2,12 +2,14 @@
 //
 // It holds the known document types as parsed DTDs, with an actor on every element, and two
 // table-driven actors for documents of other types. All of it is made once and then only read, by
-// any number of threads.
+// any number of threads. A DTD is made for the first document of its type: most processes see one
+// type, and a DTD takes as long as a deck of 20 KB.
 #pragma once
 
 #include <memory>
 #include <vector>
 
+#include "WmlLazy.h"
 #include "WmlTextActors.h"
 #include "WmlTokenizer.h"
 #include "XaDirector.h"
@@ -34,28 +36,36 @@ class WmlDirector final : public XaDirector {
 
   private:
     struct DocumentType;
+    // A DTD and the actors of its elements.
+    struct KnownType {
+        XpDtd dtd;
+        std::vector<std::unique_ptr<XpDtd::ElementActor>> actors;
+    };
+    using LazyType = WmlLazy<KnownType>;
 
     WmlDirector();
     ~WmlDirector() override;
 
-    void setupWml11Actors();
-    void setupWml12Actors();
-    void setupWml13Actors();
-    void setupWtaWml12Actors();
-    void setupActors(XpDtd& theDtd, int theVersion, WmlTokenizer& theTokenizer);
-    DocumentType findDocumentType(std::string_view thePublicId) const;
+    void setupWml11Actors(KnownType& theType);
+    void setupWml12Actors(KnownType& theType);
+    void setupWml13Actors(KnownType& theType);
+    void setupWtaWml12Actors(KnownType& theType);
+    void setupActors(KnownType& theType, int theVersion, WmlTokenizer& theTokenizer);
+    const XpDtd& obtainDtd(LazyType& theType, std::string_view theText,
+                           void (WmlDirector::*theSetup)(KnownType& theType));
+    DocumentType findDocumentType(std::string_view thePublicId);
+    WmlTokenizer& wtaWmlTokenizer();
 
     const CpsString wml11IdM;
     const CpsString wml12IdM;
     const CpsString wml13IdM;
     const CpsString wtaWml12IdM;
-    XpDtd wml11DtdM;
-    XpDtd wml12DtdM;
-    XpDtd wml13DtdM;
-    XpDtd wtaWml12DtdM;
-    WmlTokenizer wmlTokenizerM;                                 // code page 0
-    WmlTokenizer wtaWmlTokenizerM;                              // code pages 0 and 1
-    std::vector<std::unique_ptr<XpDtd::ElementActor>> actorsM;  // of all elements of all DTDs
+    LazyType wml11DtdM;
+    LazyType wml12DtdM;
+    LazyType wml13DtdM;
+    LazyType wtaWml12DtdM;
+    WmlTokenizer wmlTokenizerM;              // code page 0
+    WmlLazy<WmlTokenizer> wtaWmlTokenizerM;  // code pages 0 and 1
     WmlPcDataActor pcDataActorM;
     WmlCdataSectionActor cdSectionActorM;
 };

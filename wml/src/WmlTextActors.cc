@@ -1,5 +1,7 @@
 #include "WmlTextActors.h"
 
+#include <string_view>
+
 #include "WmlActorException.h"
 #include "WmlCtrl.h"
 
@@ -7,11 +9,19 @@ namespace lumnis {
 
 void WmlPcDataActor::operator()(const CpsString& theText, void* theContext) {
     WmlCtrl& ctrl = WmlCtrl::wmlContextOf(theContext);
-    CpsString text = theText;
-    WmlCtrl::removePrecedingWhitespaces(text, true);
-    WmlCtrl::removeWhitespacesAtEnd(text, true);
+    const bool isPreserved = ctrl.getPreserveWhiteSpaceFlag();
+    CpsString text;
+    std::string_view rest = theText;
+    // Elsewhere the ends go the way of all white space; and a message about a variable may quote
+    // the text.
+    if (isPreserved || rest.find('$') != std::string_view::npos) {
+        text = theText;
+        WmlCtrl::removePrecedingWhitespaces(text, true);
+        WmlCtrl::removeWhitespacesAtEnd(text, true);
+        rest = text;
+    }
     CpsString error;
-    if (!ctrl.parsePcData(text, error, ctrl.getPreserveWhiteSpaceFlag())) {
+    if (!ctrl.parsePcData(rest, error, isPreserved)) {
         throw WmlActorException(error);
     }
 }

@@ -173,7 +173,7 @@ Literal& WscCompilerData::appendConst(const Value& theValue) {
 }
 
 template <class Literal, class Value>
-int WscCompilerData::addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey,
+int WscCompilerData::addNumber(CpsNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey,
                                Value theValue) {
     int index = theKnown.find(theKey);
     if (index < 0) {
@@ -185,7 +185,7 @@ int WscCompilerData::addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uin
 }
 
 template <class Literal>
-int WscCompilerData::addText(WscNumberTable<std::string_view>& theKnown, const CpsString& theText) {
+int WscCompilerData::addText(CpsNumberTable<std::string_view>& theKnown, const CpsString& theText) {
     int index = theKnown.find(theText);
     if (index < 0) {
         index = nextConstIndex();

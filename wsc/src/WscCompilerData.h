@@ -9,13 +9,13 @@
 #include <string_view>
 #include <vector>
 
+#include "CpsNumberTable.h"
 #include "CpsString.h"
-#include "WscArena.h"
+#include "FwArena.h"
 #include "WscFunctionCode.h"
 #include "WscFunctionInfo.h"
 #include "WscLiteralInfo.h"
 #include "WscName.h"
-#include "WscNumberTable.h"
 #include "WscOpcode.h"
 #include "WscPragmaInfo.h"
 #include "WscPragmaMeta.h"
@@ -175,9 +175,9 @@ class WscCompilerData {
     template <class Literal, class Value>
     Literal& appendConst(const Value& theValue);
     template <class Literal, class Value>
-    int addNumber(WscNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey, Value theValue);
+    int addNumber(CpsNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey, Value theValue);
     template <class Literal>
-    int addText(WscNumberTable<std::string_view>& theKnown, const CpsString& theText);
+    int addText(CpsNumberTable<std::string_view>& theKnown, const CpsString& theText);
     int nextConstIndex() const noexcept;
     template <class Instruction, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
@@ -218,13 +218,13 @@ class WscCompilerData {
         }
     };
     using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
-    WscArena constantMemoryM;
+    FwArena constantMemoryM;
     std::vector<Constant> constantsM;  // by index; they live in constantMemoryM
     // The index of each constant by its value; a text looks at its constant's own.
-    WscNumberTable<std::uint32_t> intConstantsM;
-    WscNumberTable<std::uint32_t> floatConstantsM;  // by their bits
-    WscNumberTable<std::string_view> stringConstantsM;
-    WscNumberTable<std::string_view> utf8ConstantsM;
+    CpsNumberTable<std::uint32_t> intConstantsM;
+    CpsNumberTable<std::uint32_t> floatConstantsM;  // by their bits
+    CpsNumberTable<std::string_view> stringConstantsM;
+    CpsNumberTable<std::string_view> utf8ConstantsM;
 
     std::uint32_t nextLabelM = 0;
     std::uint32_t firstLabelM = 0;  // of the current function

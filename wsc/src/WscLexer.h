@@ -7,9 +7,9 @@
 #include <deque>
 #include <string_view>
 
+#include "CpsNumberTable.h"
 #include "CpsString.h"
 #include "WscName.h"
-#include "WscNumberTable.h"
 #include "WscTokenValue.h"
 
 namespace lumnis {
@@ -73,7 +73,7 @@ class WscLexer {
     // What token values point to; addresses stay.
     std::deque<CpsString> stringsM;
     std::deque<WscName> namesM;  // by number
-    WscNumberTable<std::string_view> nameNumbersM;
+    CpsNumberTable<std::string_view> nameNumbersM;
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};
 };

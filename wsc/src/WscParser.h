@@ -7,7 +7,7 @@
 #include <type_traits>
 
 #include "CpsString.h"
-#include "WscArena.h"
+#include "FwArena.h"
 #include "WscAstDeclarations.h"
 #include "WscAstExpressions.h"
 #include "WscAstPrimaries.h"
@@ -83,7 +83,7 @@ class WscParser {
   private:
     const WscAstCompilationUnit* rootM = nullptr;
     WscLexer lexerM;
-    WscArena nodesM;
+    FwArena nodesM;
     UnitReductionMemo unitReductionsM;
 };
 

@@ -49,7 +49,7 @@ class XaWbxmlCtrl {
 
     // Bytes of the body.
     void addToOutput(unsigned char theByte) { bodyM.push_back(static_cast<char>(theByte)); }
-    void addToOutput(std::string_view theBytes) { bodyM.append(theBytes); }
+    void addToOutput(std::string_view theBytes) { append(bodyM, theBytes); }
     // Takes back the byte that has been written last; behind a string there is none.
     void popLastOutputByte();
 
@@ -93,11 +93,16 @@ class XaWbxmlCtrl {
 
   private:
     struct OutputStringBlock;
+    // A std::string would call for each byte that is added.
+    using Bytes = std::vector<char>;
 
+    static void append(Bytes& theBytes, std::string_view theMore) {
+        theBytes.insert(theBytes.end(), theMore.begin(), theMore.end());
+    }
     void switchPage(unsigned& theCurrent, unsigned thePage);
 
     CpsString prologM;
-    std::string bodyM;  // without its strings; it may be long, and grows by factors
+    Bytes bodyM;  // without its strings; it may be long, and grows by factors
     std::vector<OutputStringBlock> blocksM;  // the slots, in document order
     std::unique_ptr<StringTable> stringTableM;
     CcCharsetConverter converterM;

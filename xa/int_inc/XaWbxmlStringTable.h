@@ -5,75 +5,61 @@
 // text means equal key, and an offset is an offset in bytes.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <map>
 #include <string>
 #include <string_view>
-#include <utility>
+#include <vector>
 
+#include "CpsNumberTable.h"
 #include "CpsString.h"
+#include "FwArena.h"
 #include "XaWbxmlCtrl.h"
 
 namespace lumnis {
 
 class XaWbxmlCtrl::StringTable {
   public:
-    // What is known of one string of the document.
-    struct Usage {
-        static constexpr std::int64_t theNoOffset = -1;
-
-        std::uint32_t count = 0;            // occurrences as a string of the body
-        std::int64_t offset = theNoOffset;  // in the table, or theNoOffset
-    };
-    // Ordered by hash first: most comparisons need no look at the bytes, and texts that were made
-    // to share a hash cost no more than in a map by bytes.
-    struct Key {
-        std::size_t hash;
-        CpsString text;
-    };
-    // Stays where it is as long as the table lives.
-    using Entry = std::pair<const Key, Usage>;
+    // Names a string of the document as long as the table lives.
+    using Number = std::uint32_t;
 
     StringTable() = default;
     StringTable(const StringTable&) = delete;
     StringTable& operator=(const StringTable&) = delete;
 
-    // The entry of theString, made if there is none.
-    Entry& obtainEntry(std::string_view theString);
+    // The number of theString, which is new if it has not been there before.
+    Number obtainNumber(std::string_view theString);
+    // One more occurrence as a string of the body.
+    void count(Number theNumber) { stringsM[theNumber].count++; }
     // The offset of the string, which is put into the table if it is not there.
-    std::uint32_t addString(Entry& theEntry);
+    std::uint32_t addString(Number theNumber);
     // Writes the string to theOutput: inline, or as a reference to the table, into which it may
     // come by that. The counts of all strings must be complete. True for a reference.
-    bool conditionalAddString(Entry& theEntry, std::string& theOutput);
+    bool conditionalAddString(Number theNumber, Bytes& theOutput);
 
     // As they go into the document.
     const std::string& getStringTableContent() const { return contentM; }
     CpsString getLength() const;
 
   private:
-    struct KeyView {
-        std::size_t hash;
-        std::string_view text;
-    };
-    struct Less {
-        using is_transparent = void;
-        template <typename Left, typename Right>
-        bool operator()(const Left& theLeft, const Right& theRight) const noexcept {
-            return theLeft.hash != theRight.hash
-                       ? theLeft.hash < theRight.hash
-                       : std::string_view(theLeft.text) < std::string_view(theRight.text);
-        }
+    static constexpr std::int64_t theNoOffset = -1;
+
+    // What is known of one string.
+    struct Usage {
+        std::string_view text;              // in memoryM
+        std::int64_t offset = theNoOffset;  // in the table, or theNoOffset
+        std::uint32_t count = 0;            // occurrences as a string of the body
     };
 
     std::string contentM;
-    std::map<Key, Usage, Less> usageM;
+    std::vector<Usage> stringsM;
+    CpsNumberTable<std::string_view> numbersM;
+    FwArena memoryM;
 };
 
 // A slot of the body: the string that belongs in front of the byte at position.
 struct XaWbxmlCtrl::OutputStringBlock {
     std::size_t position;
-    StringTable::Entry* entry;
+    StringTable::Number string;
 };
 
 }  // namespace lumnis

@@ -11,6 +11,7 @@ XaDirector::~XaDirector() = default;
 
 void XaDirector::setupDtd(std::string_view theDtdText, XpDtd& theDtd) {
     const FwTraceScope scope("XaDirector::setupDtd");
+    const XpDtd::Item::Beforehand beforehand;
     const CpsString text(theDtdText);
     try {
         XpDtdParser parser(&text, &theDtd, nullptr);

@@ -35,11 +35,12 @@ void XaWbxmlActor::begin(const XpDtd::Element* theElement, const XpDtd::Attribut
     }
     ctrl.addToOutput(hasContent ? XaWbxmlToken::LITERAL_AC : XaWbxmlToken::LITERAL_A);
     ctrl.addOffsetToOutput(theElement->getName());
+    CpsString buffer;
     for (const auto& [attribute, value] : theAttributes) {
         ctrl.addToOutput(XaWbxmlToken::LITERAL);
         ctrl.addOffsetToOutput(attribute->getName());
         ctrl.addToOutput(XaWbxmlToken::STR_T);
-        ctrl.addOffsetToOutput(value->toString());
+        ctrl.addOffsetToOutput(value->text(buffer));
     }
     ctrl.addToOutput(XaWbxmlToken::END);
 }
@@ -60,7 +61,8 @@ bool XaWbxmlActor::tokenizeNmToken(unsigned char theToken, const XpDtd::Attribut
     }
     theCtrl.switchAttrPage(0);
     theCtrl.addToOutput(theToken);
-    const CpsString text = value->toString();
+    CpsString buffer;
+    const std::string_view text = value->text(buffer);
     if (!text.empty()) {
         theCtrl.addStringToOutput(text);
     }

@@ -33,18 +33,18 @@ void XaWbxmlCtrl::popLastOutputByte() {
 }
 
 void XaWbxmlCtrl::addStringToOutput(std::string_view theText) {
-    StringTable::Entry& entry = stringTableM->obtainEntry(convert(theText));
-    ++entry.second.count;
-    blocksM.push_back({bodyM.size(), &entry});
+    const StringTable::Number number = stringTableM->obtainNumber(convert(theText));
+    stringTableM->count(number);
+    blocksM.push_back({bodyM.size(), number});
 }
 
 CpsString XaWbxmlCtrl::addStringToStringtable(std::string_view theText) {
-    return getAsMbUInt(stringTableM->addString(stringTableM->obtainEntry(convert(theText))));
+    return getAsMbUInt(stringTableM->addString(stringTableM->obtainNumber(convert(theText))));
 }
 
 void XaWbxmlCtrl::addOffsetToOutput(std::string_view theText) {
-    bodyM.append(
-        XaMbUInt(stringTableM->addString(stringTableM->obtainEntry(convert(theText)))).view());
+    addToOutput(
+        XaMbUInt(stringTableM->addString(stringTableM->obtainNumber(convert(theText)))).view());
 }
 
 const CpsString& XaWbxmlCtrl::convert(std::string_view theText) {
@@ -108,22 +108,23 @@ void XaWbxmlCtrl::switchPage(unsigned& theCurrent, unsigned thePage) {
 
 CpsString XaWbxmlCtrl::makeOutput() {
     const FwTraceScope scope("XaWbxmlCtrl::makeOutput");
-    std::string body;
+    const std::string_view tokens(bodyM.data(), bodyM.size());
+    Bytes body;
     body.reserve(2 * bodyM.size());
     std::size_t position = 0;
     for (const OutputStringBlock& block : blocksM) {
-        body.append(bodyM, position, block.position - position);
+        append(body, tokens.substr(position, block.position - position));
         position = block.position;
-        stringTableM->conditionalAddString(*block.entry, body);
+        stringTableM->conditionalAddString(block.string, body);
     }
-    body.append(bodyM, position);
+    append(body, tokens.substr(position));
 
     const std::string& table = stringTableM->getStringTableContent();
     CpsString output = prologM + stringTableM->getLength();
     const std::size_t length = output.length() + table.size() + body.size();
     output.reserve(static_cast<std::uint32_t>(std::min<std::size_t>(length, UINT32_MAX)));
     output += table;
-    output += body;
+    output += std::string_view(body.data(), body.size());
     return output;
 }
 

@@ -10,46 +10,50 @@
 // the string.
 #include "XaWbxmlStringTable.h"
 
-#include <functional>
+#include <cstring>
 
 #include "XaMbUInt.h"
 
 namespace lumnis {
 
-XaWbxmlCtrl::StringTable::Entry& XaWbxmlCtrl::StringTable::obtainEntry(std::string_view theString) {
-    const KeyView key{std::hash<std::string_view>()(theString), theString};
-    const auto place = usageM.lower_bound(key);
-    if (place != usageM.end() && place->first.hash == key.hash && place->first.text == key.text) {
-        return *place;
+XaWbxmlCtrl::StringTable::Number XaWbxmlCtrl::StringTable::obtainNumber(
+    std::string_view theString) {
+    const int known = numbersM.find(theString);
+    if (known >= 0) {
+        return static_cast<Number>(known);
     }
-    return *usageM.try_emplace(place, Key{key.hash, key.text});
+    auto* bytes = static_cast<char*>(memoryM.allocate(theString.size()));
+    std::memcpy(bytes, theString.data(), theString.size());
+    const auto number = static_cast<Number>(stringsM.size());
+    stringsM.push_back({{bytes, theString.size()}});
+    numbersM.add(stringsM.back().text, static_cast<int>(number));
+    return number;
 }
 
-std::uint32_t XaWbxmlCtrl::StringTable::addString(Entry& theEntry) {
-    Usage& usage = theEntry.second;
-    if (usage.offset == Usage::theNoOffset) {
+std::uint32_t XaWbxmlCtrl::StringTable::addString(Number theNumber) {
+    Usage& usage = stringsM[theNumber];
+    if (usage.offset == theNoOffset) {
         usage.offset = static_cast<std::int64_t>(contentM.size());
-        contentM += theEntry.first.text.view();
+        contentM += usage.text;
     }
     return static_cast<std::uint32_t>(usage.offset);
 }
 
-bool XaWbxmlCtrl::StringTable::conditionalAddString(Entry& theEntry, std::string& theOutput) {
-    const std::string_view string = theEntry.first.text.view();
-    const Usage& usage = theEntry.second;
-    const bool isNew = usage.offset == Usage::theNoOffset;
+bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, Bytes& theOutput) {
+    const Usage& usage = stringsM[theNumber];
+    const bool isNew = usage.offset == theNoOffset;
     const XaMbUInt offset(isNew ? static_cast<std::uint32_t>(contentM.size())
                                 : static_cast<std::uint32_t>(usage.offset));
-    const auto length = static_cast<std::int64_t>(string.size());
+    const auto length = static_cast<std::int64_t>(usage.text.size());
     const std::int64_t saving = length - static_cast<std::int64_t>(offset.length());
     if (saving <= 0 || (isNew && saving * usage.count <= length)) {
         theOutput.push_back(static_cast<char>(XaWbxmlToken::STR_I));
-        theOutput.append(string);
+        append(theOutput, usage.text);
         return false;
     }
-    addString(theEntry);
+    addString(theNumber);
     theOutput.push_back(static_cast<char>(XaWbxmlToken::STR_T));
-    theOutput.append(offset.view());
+    append(theOutput, offset.view());
     return true;
 }
 

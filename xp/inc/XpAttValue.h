@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -19,6 +20,12 @@ class XpDtd::AttValue {
     // Values of different classes differ.
     virtual bool operator==(const AttValue& theOther) const = 0;
     virtual CpsString toString() const;
+    // The same without a copy where the value holds its text; theBuffer is for the others. Valid
+    // as long as both.
+    virtual std::string_view text(CpsString& theBuffer) const {
+        theBuffer = toString();
+        return theBuffer;
+    }
     bool operator!=(const AttValue& theOther) const { return !(*this == theOther); }
 };
 
@@ -30,6 +37,7 @@ class XpDtd::AttValueCData final : public XpDtd::AttValue {
     void setData(std::string_view theData) { dataM.assign(theData); }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override { return dataM; }
+    std::string_view text(CpsString&) const override { return dataM; }
 
   private:
     CpsString dataM;
@@ -108,6 +116,7 @@ class XpDtd::AttValueNmToken final : public XpDtd::AttValue {
     const CpsString& getToken() const { return tokenM; }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override { return tokenM; }
+    std::string_view text(CpsString&) const override { return tokenM; }
 
   private:
     CpsString tokenM;

@@ -24,7 +24,17 @@ class XpDtd::AttributeMap {
     ~AttributeMap();
 
     // Null if theAttribute is not there. The value stays the map's.
-    const AttValue* find(const Attribute* theAttribute) const;
+    const AttValue* find(const Attribute* theAttribute) const {
+        if (entriesM.size() > theIndexLimit) {
+            return findAmongMany(theAttribute);
+        }
+        for (const Entry& entry : entriesM) {
+            if (entry.attribute == theAttribute) {
+                return entry.value;
+            }
+        }
+        return nullptr;
+    }
     bool empty() const { return entriesM.empty(); }
     std::size_t size() const { return entriesM.size(); }
     Entries::const_iterator begin() const { return entriesM.begin(); }
@@ -40,6 +50,9 @@ class XpDtd::AttributeMap {
     void clear();
 
   private:
+    static constexpr std::size_t theIndexLimit = 16;
+
+    const AttValue* findAmongMany(const Attribute* theAttribute) const;
     // False if it was there already.
     bool isNew(const Attribute& theAttribute);
     void addEntry(const Attribute& theAttribute, const AttValue& theValue);

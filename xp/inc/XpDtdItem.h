@@ -25,6 +25,7 @@ class XpDtd::Item {
     // Grows with each item of the process: the order of sets and maps of items.
     std::uint64_t getCreation() const { return creationM; }
     static std::uint64_t nextCreation();
+    class Beforehand;
 
   protected:
     ~Item();
@@ -33,6 +34,20 @@ class XpDtd::Item {
     CpsString nameM;
     const Item* baseM = nullptr;
     std::uint64_t creationM;
+};
+
+// What a thread makes while it has one of these counts as made before all that is made without.
+// So a DTD of the program can be parsed when the first document needs it, and its attributes stand
+// in front of those that the document itself has declared by then.
+class XpDtd::Item::Beforehand {
+  public:
+    Beforehand() noexcept;
+    Beforehand(const Beforehand&) = delete;
+    Beforehand& operator=(const Beforehand&) = delete;
+    ~Beforehand();
+
+  private:
+    bool wasActiveM;
 };
 
 // An item with a value: a content model, an entity's text or an external identifier.

@@ -7,8 +7,6 @@ namespace lumnis {
 
 namespace {
 
-constexpr std::size_t theIndexLimit = 16;
-
 bool isBefore(const XpDtd::AttributeMap::Entry& theLeft,
               const XpDtd::AttributeMap::Entry& theRight) {
     return XpDtd::ByCreation()(theLeft.attribute, theRight.attribute);
@@ -20,16 +18,11 @@ XpDtd::AttributeMap::AttributeMap() = default;
 
 XpDtd::AttributeMap::~AttributeMap() = default;
 
-const XpDtd::AttValue* XpDtd::AttributeMap::find(const Attribute* theAttribute) const {
-    const auto place = entriesM.size() <= theIndexLimit
-                           ? std::find_if(entriesM.begin(), entriesM.end(),
-                                          [&](const Entry& theEntry) {
-                                              return theEntry.attribute == theAttribute;
-                                          })
-                           : std::lower_bound(entriesM.begin(), entriesM.end(), theAttribute,
-                                              [](const Entry& theEntry, const Attribute* theOther) {
-                                                  return ByCreation()(theEntry.attribute, theOther);
-                                              });
+const XpDtd::AttValue* XpDtd::AttributeMap::findAmongMany(const Attribute* theAttribute) const {
+    const auto place = std::lower_bound(entriesM.begin(), entriesM.end(), theAttribute,
+                                        [](const Entry& theEntry, const Attribute* theOther) {
+                                            return ByCreation()(theEntry.attribute, theOther);
+                                        });
     return place != entriesM.end() && place->attribute == theAttribute ? place->value : nullptr;
 }
 

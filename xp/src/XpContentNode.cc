@@ -9,7 +9,10 @@ XpDtd::ContentNode::~ContentNode() = default;
 
 const XpPseudoElements& XpPseudoElements::instance() {
     // Never destroyed: a call may come while the process ends.
-    static const XpPseudoElements& theInstance = *new XpPseudoElements;
+    static const XpPseudoElements& theInstance = []() -> const XpPseudoElements& {
+        const XpDtd::Item::Beforehand scope;  // they are in every model
+        return *new XpPseudoElements;
+    }();
     return theInstance;
 }
 

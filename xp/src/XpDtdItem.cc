@@ -7,6 +7,12 @@
 
 namespace lumnis {
 
+namespace {
+
+thread_local bool isMadeBeforehand = false;
+
+}  // namespace
+
 XpDtd::Item::Item(std::string_view theName) : nameM(theName), creationM(nextCreation()) {}
 
 XpDtd::Item::~Item() = default;
@@ -15,7 +21,15 @@ XpDtd::Item::~Item() = default;
 // after the other, so the sharing of the counter shows nowhere.
 std::uint64_t XpDtd::Item::nextCreation() {
     static std::atomic<std::uint64_t> counter{0};
-    return counter.fetch_add(1, std::memory_order_relaxed);
+    constexpr std::uint64_t theLaterBit = std::uint64_t{1} << 63;
+    return counter.fetch_add(1, std::memory_order_relaxed) | (isMadeBeforehand ? 0 : theLaterBit);
+}
+
+XpDtd::Item::Beforehand::Beforehand() noexcept
+    : wasActiveM(std::exchange(isMadeBeforehand, true)) {}
+
+XpDtd::Item::Beforehand::~Beforehand() {
+    isMadeBeforehand = wasActiveM;
 }
 
 XpDtd::ValuedItem::ValuedItem(std::string_view theName) : Item(theName) {}

@@ -9,6 +9,7 @@
 
 #include "FwIso2022Jp.h"
 #include "FwIso2022Kr.h"
+#include "FwLatin1Decoder.h"
 #include "FwTableTranscoder.h"
 #include "FwUtf8Scan.h"
 
@@ -17,6 +18,7 @@ namespace lumnis {
 namespace {
 
 constexpr std::uint32_t theUtf8Page = 65001;
+constexpr std::uint32_t theLatin1Page = 28591;
 constexpr std::uint32_t theIso2022JpPage = 50221;
 constexpr std::uint32_t theIso2022KrPage = 50225;
 
@@ -71,6 +73,9 @@ std::unique_ptr<FwTranscoder> makeTranscoder(std::uint32_t theSource,
                                              std::uint32_t theDestination) {
     if (theSource == theUtf8Page) {
         return makeFor<FwTableEncoder, FwIso2022JpEncoder, FwIso2022KrEncoder>(theDestination);
+    }
+    if (theSource == theLatin1Page && theDestination == theUtf8Page) {
+        return std::make_unique<FwLatin1Decoder>();
     }
     if (theDestination == theUtf8Page) {
         return makeFor<FwTableDecoder, FwIso2022JpDecoder, FwIso2022KrDecoder>(theSource);

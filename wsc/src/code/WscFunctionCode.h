@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "WscArena.h"
+#include "FwArena.h"
 #include "WscInstructions.h"
 
 namespace lumnis {
@@ -33,7 +33,7 @@ class WscFunctionCode {
     std::span<WscInstruction*> instructions() noexcept { return instructionsM; }
 
   private:
-    WscArena arenaM;
+    FwArena arenaM;
     std::vector<WscInstruction*> instructionsM;
 };
 

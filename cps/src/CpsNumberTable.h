@@ -12,7 +12,7 @@ namespace lumnis {
 
 // Key: std::string_view, whose text must stay where it is once it has been added, or a number.
 template <class Key>
-class WscNumberTable {
+class CpsNumberTable {
   public:
     // The number of theKey, or -1.
     int find(Key theKey) const {

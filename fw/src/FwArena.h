@@ -1,5 +1,5 @@
-// Memory for what dies with a compilation or with a function: taken a piece at a time, given back
-// all at once, without a call for each.
+// Memory for what dies with a compilation, a function or a document: taken a piece at a time,
+// given back all at once, without a call for each.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 
 namespace lumnis {
 
-class WscArena {
+class FwArena {
   public:
     // An object that lives until clear or the arena's end. Its destructor is not called.
     template <class Object, class... Arguments>
