@@ -185,6 +185,7 @@ class XpParserBase {
     void testRedeclaration(const CpsString& theName);
     std::unique_ptr<XpDtd::Choice> closeTokens();
     void dropRepeatedDefinitions();
+    void countMixed(bool isNew);
 
     std::vector<std::unique_ptr<char[]>> parserStacksM;
 

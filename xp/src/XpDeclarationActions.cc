@@ -123,17 +123,25 @@ void XpParserBase::mixText(bool isOptionalText) {
 
 void XpParserBase::mixFirstElement(const CpsString& theName) {
     currentChoiceM = std::make_unique<XpDtd::Choice>();
-    currentChoiceM->addItem(&XpPseudoElements::instance().pcData);
+    modelSizeM->addNode();
+    modelSizeM->addNode();
+    countMixed(currentChoiceM->addItem(&XpPseudoElements::instance().pcData));
     mixElement(theName);
 }
 
+// Both nodes of mixed content get each transition.
+void XpParserBase::countMixed(bool isNew) {
+    modelSizeM->add(isNew ? 2 : 0);
+}
+
 void XpParserBase::mixElement(const CpsString& theName) {
-    currentChoiceM->addItem(&buildingDtdM->obtainElement(theName));
+    countMixed(currentChoiceM->addItem(&buildingDtdM->obtainElement(theName)));
     lexerM->releaseString(theName);
 }
 
 void XpParserBase::closeMixed() {
-    currentChoiceM->closeChoice(true, true);
+    countMixed(true);
+    modelSizeM->endModel(currentChoiceM->closeChoice(true, true));
 }
 
 void XpParserBase::declareAttributes(const CpsString& theElement) {
