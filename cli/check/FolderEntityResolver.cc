@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string>
 #include <system_error>
+#include <utility>
 
 namespace lumnis {
 
@@ -23,10 +24,22 @@ FolderEntityResolver::FolderEntityResolver(const std::filesystem::path& theFolde
 }
 
 const CpsString* FolderEntityResolver::fetch(const CpsString* theSystemId, const CpsString*) {
-    if (theSystemId == nullptr || theSystemId->view().find('\0') != std::string_view::npos) {
+    if (theSystemId == nullptr) {
         return nullptr;
     }
-    const std::filesystem::path name{theSystemId->view()};
+    const auto known = textsM.find(*theSystemId);
+    if (known != textsM.end()) {
+        return known->second.get();
+    }
+    std::unique_ptr<const CpsString> text = read(*theSystemId);
+    return textsM.emplace(*theSystemId, std::move(text)).first->second.get();
+}
+
+std::unique_ptr<const CpsString> FolderEntityResolver::read(std::string_view theSystemId) const {
+    if (theSystemId.find('\0') != std::string_view::npos) {
+        return nullptr;
+    }
+    const std::filesystem::path name{theSystemId};
     std::error_code error;
     if (folderM.empty() || name.empty() || name.is_absolute()) {
         return nullptr;
@@ -41,14 +54,10 @@ const CpsString* FolderEntityResolver::fetch(const CpsString* theSystemId, const
     if (!stream) {
         return nullptr;
     }
-    auto text = std::make_unique<const CpsString>(std::string_view(bytes));
-    const CpsString* result = text.get();
-    textsM.emplace(result, std::move(text));
-    return result;
+    return std::make_unique<const CpsString>(std::string_view(bytes));
 }
 
-void FolderEntityResolver::release(const CpsString* theText) {
-    textsM.erase(theText);
-}
+// A document may refer to one text millions of times.
+void FolderEntityResolver::release(const CpsString*) {}
 
 }  // namespace lumnis

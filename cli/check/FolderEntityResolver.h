@@ -5,11 +5,14 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <string_view>
 
 #include "XpEntityResolver.h"
 
 namespace lumnis {
 
+// A file is read once, and what has been read is kept until the resolver goes: one for each
+// document.
 class FolderEntityResolver final : public XpEntityResolver {
   public:
     // A system identifier is a path from theFolder on.
@@ -19,8 +22,11 @@ class FolderEntityResolver final : public XpEntityResolver {
     void release(const CpsString* theText) override;
 
   private:
+    std::unique_ptr<const CpsString> read(std::string_view theSystemId) const;
+
     std::filesystem::path folderM;  // absolute, without links; empty if there is none
-    std::map<const CpsString*, std::unique_ptr<const CpsString>> textsM;
+    // By system identifier; null where nothing could be read.
+    std::map<CpsString, std::unique_ptr<const CpsString>> textsM;
 };
 
 }  // namespace lumnis

@@ -43,37 +43,42 @@ class XpDtd::AttValueCData final : public XpDtd::AttValue {
     CpsString dataM;
 };
 
-// IDs belong to the table of one parse. The values keep them alive beyond it, so that the default
-// of a finished DTD can still be printed, and never equals an ID of another parse.
+// IDs belong to the table of one parse. The values keep that table alive beyond it, so that the
+// default of a finished DTD can still be printed, and never equals an ID of another parse.
 class XpDtd::AttValueId final : public XpDtd::AttValue {
   public:
-    explicit AttValueId(std::shared_ptr<const Id> theId) : idM(std::move(theId)) {}
+    AttValueId(const Id* theId, std::shared_ptr<const IdTable> theTable)
+        : idM(theId), tableM(std::move(theTable)) {}
 
-    const Id* getId() const { return idM.get(); }
+    const Id* getId() const { return idM; }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override;
 
   private:
-    std::shared_ptr<const Id> idM;
+    const Id* idM;
+    std::shared_ptr<const IdTable> tableM;
 };
 
 class XpDtd::AttValueIdRef final : public XpDtd::AttValue {
   public:
-    explicit AttValueIdRef(std::shared_ptr<const Id> theId) : idM(std::move(theId)) {}
+    AttValueIdRef(const Id* theId, std::shared_ptr<const IdTable> theTable)
+        : idM(theId), tableM(std::move(theTable)) {}
 
-    const Id* getId() const { return idM.get(); }
+    const Id* getId() const { return idM; }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override;
 
   private:
-    std::shared_ptr<const Id> idM;
+    const Id* idM;
+    std::shared_ptr<const IdTable> tableM;
 };
 
 class XpDtd::AttValueIdRefs final : public XpDtd::AttValue {
   public:
-    using Ids = std::vector<std::shared_ptr<const Id>>;
+    using Ids = std::vector<const Id*>;
 
-    explicit AttValueIdRefs(Ids theIds) : idsM(std::move(theIds)) {}
+    AttValueIdRefs(Ids theIds, std::shared_ptr<const IdTable> theTable)
+        : idsM(std::move(theIds)), tableM(std::move(theTable)) {}
 
     const Ids& getIds() const { return idsM; }
     bool operator==(const AttValue& theOther) const override;
@@ -81,6 +86,7 @@ class XpDtd::AttValueIdRefs final : public XpDtd::AttValue {
 
   private:
     Ids idsM;
+    std::shared_ptr<const IdTable> tableM;
 };
 
 class XpDtd::AttValueEntity final : public XpDtd::AttValue {
@@ -124,16 +130,16 @@ class XpDtd::AttValueNmToken final : public XpDtd::AttValue {
 
 class XpDtd::AttValueNmTokens final : public XpDtd::AttValue {
   public:
-    using Tokens = std::vector<CpsString>;
+    // One blank stands between two tokens, and none at the ends. A string for each token would
+    // take fifty times the space.
+    explicit AttValueNmTokens(CpsString theTokens) : tokensM(std::move(theTokens)) {}
 
-    explicit AttValueNmTokens(Tokens theTokens) : tokensM(std::move(theTokens)) {}
-
-    const Tokens& getTokens() const { return tokensM; }
+    const CpsString& getTokens() const { return tokensM; }
     bool operator==(const AttValue& theOther) const override;
-    CpsString toString() const override;
+    CpsString toString() const override { return tokensM; }
 
   private:
-    Tokens tokensM;
+    CpsString tokensM;
 };
 
 class XpDtd::AttValueNotation final : public XpDtd::AttValue {

@@ -30,6 +30,7 @@ class XpDtd {
     class Notation;
     class Attribute;
     class Id;
+    class IdTable;
     class Enum;
     // Values of items: XpDtdValue.h.
     class ItemValue;
@@ -108,6 +109,7 @@ class XpDtd {
     const Entity& obtainEntity(std::string_view theName) const;
     const Entity& obtainParameterEntity(std::string_view theName) const;
     const Notation& obtainNotation(std::string_view theName) const;
+    std::size_t countParameterEntities() const { return parameterEntitiesM.size(); }
     // The identity of an enumeration token, to compare with AttValueEnum::getEnum.
     const Enum& obtainEnum(std::string_view theToken) const;
 

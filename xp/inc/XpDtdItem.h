@@ -99,6 +99,25 @@ class XpDtd::Id final : public XpDtd::Item {
     bool definedM = false;  // an ID attribute has had this name, not only an IDREF
 };
 
+// The IDs of one parse, each name once.
+class XpDtd::IdTable {
+  public:
+    using Ids = std::map<std::string_view, std::unique_ptr<Id>>;  // the key is the name inside
+
+    IdTable();
+    IdTable(const IdTable&) = delete;
+    IdTable& operator=(const IdTable&) = delete;
+    ~IdTable();
+
+    // Made if there is none of that name.
+    Id& obtain(std::string_view theName);
+    // In byte order of the names.
+    const Ids& getIds() const { return idsM; }
+
+  private:
+    Ids idsM;
+};
+
 class XpDtd::Attribute final : public XpDtd::Item {
   public:
     enum DefaultKind { DEFAULT, REQUIRED, IMPLIED, FIXED };

@@ -70,10 +70,10 @@ class XpParserBase {
 
     // References and the texts of literals: XpEntityActions.cc, with the declarations of
     // entities and notations.
-    void enterEntity(const CpsString& theName);
+    void enterEntity();
     void leaveEntity();
     void leaveExternalEntity();
-    void expandParameterEntity(const CpsString& theName);
+    void expandParameterEntity();
     void enterParameterEntity();
     void leaveParameterEntity();
     void releaseExternalText();
@@ -174,7 +174,7 @@ class XpParserBase {
     void finishElement();
     // The entity of a general reference. In a parse that implies, one that is not known stands
     // for its own reference.
-    const XpDtd::Entity& obtainReferenced(const CpsString& theName);
+    const XpDtd::Entity& obtainReferenced(std::string_view theName);
     // Reads theText, which must be terminated, as the replacement of a reference.
     void expand(const CpsString& theText, int theEndToken);
     void markInProgress(const XpDtd::Entity& theEntity);
@@ -184,6 +184,8 @@ class XpParserBase {
     CpsString processEntityValue(const CpsString& theLiteral);
     void testRedeclaration(const CpsString& theName);
     std::unique_ptr<XpDtd::Choice> closeTokens();
+    void dropRepeatedDefinitions();
+    void countMixed(bool isNew);
 
     std::vector<std::unique_ptr<char[]>> parserStacksM;
 
@@ -215,7 +217,9 @@ class XpParserBase {
     std::vector<std::unique_ptr<XpDtd::Fsm>> unitStackM;  // finished parts
     std::vector<std::unique_ptr<XpDtd::ChoiceFsm>> choiceStackM;
     std::vector<std::unique_ptr<XpDtd::SeqFsm>> seqStackM;
+    static constexpr std::size_t theAttDefsLimit = 1000;
     std::vector<XpDtd::AttributeDefinition> attDefsM;  // the newest last
+    std::size_t attDefsLimitM = theAttDefsLimit;       // where repeated ones are looked for
     std::unique_ptr<XpDtd::AttValueProcessor> attProcessorM;
     XpDtd::Attribute::DefaultKind attDefaultKindM = XpDtd::Attribute::IMPLIED;
     std::optional<CpsString> attDefaultTextM;

@@ -3,7 +3,7 @@
 
 #include <cstdint>
 #include <memory>
-#include <vector>
+#include <span>
 
 #include "XpDtd.h"
 
@@ -30,59 +30,76 @@ struct XpPseudoElements {
 };
 
 // A state of an automaton.
+//
+// An 11 KB text can ask for two million states, so they are small: one transition lies inside of
+// the state, and once the automaton is frozen all others lie in one table. States that know the
+// same, or that know what another one knows last, share it there: in (a | b | c)* all do.
 class XpDtd::FsmNode final : public XpDtd::ContentNode {
   public:
+    struct Transition {
+        const Item* item;
+        const FsmNode* target;
+    };
+    using Table = std::unique_ptr<Transition[]>;
+
     FsmNode();
     ~FsmNode() override;
 
     // The state behind "[END]".
     static const FsmNode& finalNode();
 
-    // Only once the automaton is frozen.
+    // Only once the automaton is frozen, unless the node has a single transition.
     const ContentNode* next(const Item* theItem) const override;
-    std::uint64_t getCreation() const { return creationM; }
 
     // True if the transition is new. Throws NondeterministicException if theItem leads to
     // another node already: this is the whole test of determinism.
     bool addTransition(const Item* theItem, const FsmNode* theTarget);
+    // The transition of "[END]" to finalNode, once and as the last one.
+    void addEnd();
     // addTransition for each transition of theFrom, in order of creation. Returns how many are
     // new.
     std::size_t copyTransitions(FsmNode& theFrom);
     // The same, but theFrom is of no use afterwards and the cost is that of the smaller node.
     void moveTransitions(FsmNode& theFrom);
-    std::size_t countTransitions() const { return transitionsM.size(); }
+    std::size_t countTransitions() const { return rowM.size; }
+    // In order of creation unless some were added out of it.
+    std::span<const Transition> getTransitions() const { return {data(), rowM.size}; }
 
     // The nodes of one automaton are a chain that begins at its start node and owns them.
-    // Takes the nodes behind theOther, which stays where it is.
-    void adoptNodes(FsmNode& theOther);
+    // Takes the nodes behind theOther, which stays where it is; theLast is the last of them.
+    void adoptNodes(FsmNode& theOther, FsmNode& theLast);
     // Makes a node next in the chain.
     FsmNode* chainNode();
-    // Ends the construction of all nodes of the chain: from now on next may be called.
-    void freeze();
+    // Ends the construction of all nodes of the chain: from now on next may be called. Gives the
+    // table, which must live as long as the nodes, and the number of its rows.
+    [[nodiscard]] Table freeze(std::size_t& theTableSize);
 
   private:
-    struct Transition {
-        std::uint64_t creation;  // of the item
-        const Item* item;
-        const FsmNode* target;
+    struct Block;
 
-        bool operator<(const Transition& theOther) const { return creation < theOther.creation; }
+    // One transition, or a block of them, or once frozen a part of the table.
+    struct Row {
+        union {
+            Transition one;
+            Block* block;
+            const Transition* table;
+        };
+        std::uint32_t size;
+        bool isFrozen;
     };
-    using Transitions = std::vector<Transition>;
 
     bool add(const Transition& theTransition);
+    void reallocate(std::size_t theCapacity);
     void mergeLastRuns();
     void sort();
+    void dropBlock();
+    const Transition* data() const;
+    Transition* data();
     const FsmNode* find(const Item* theItem) const;
 
-    // Sorted by creation once frozen. Before that sorted runs, each more than twice as long as
-    // the next: names mostly come in order and extend the only run, and where they do not, an
-    // addition still costs no more than log n steps twice over.
-    Transitions transitionsM;
-    std::vector<std::size_t> runsM;  // where the runs begin, but for the first
+    // Sorted by creation of the items once frozen, with "[END]" last.
+    Row rowM{};
     std::unique_ptr<FsmNode> chainNextM;
-    FsmNode* chainLastM;  // the last node of the chain that begins here
-    std::uint64_t creationM;
 };
 
 // ANY: takes everything, text and the end included.

@@ -7,7 +7,7 @@
 // also keeps the table of IDs of the parse.
 #pragma once
 
-#include <map>
+#include <cstdint>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -61,8 +61,17 @@ class XpLexer {
     // The same for an input that has ended at once.
     void pushNothing(int theEndToken);
     // Counts theLength bytes of replacement text. Throws XpParserError when a document grows
-    // beyond all measure by its entities.
-    void countExpansion(std::size_t theLength);
+    // beyond all measure by its entities: when all that has been counted is more than 8 MiB and
+    // more than 100 times the text that this scanner was made for.
+    //
+    // Counted is each text when a reference to it begins to be read, or is put into the value of
+    // an entity; so an entity inside of another one counts each time that its own reference is
+    // reached, and the reference, being a part of the text around it, counts there. A text that a
+    // resolver gives counts like one that was declared. Bytes of the document itself, character
+    // references and the result of putting texts together do not count.
+    void countExpansion(std::uint64_t theLength);
+    // What countExpansion throws.
+    [[noreturn]] void failToExpand() const;
     void yy_push_state(Condition theCondition);
     // Throws XpInternalError if nothing was pushed.
     void yy_pop_state();
@@ -76,10 +85,21 @@ class XpLexer {
         string->assign(theText);
         return string;
     }
-    void resetStrings() { stringsUsedM = 0; }
+    // Frees all strings, or while there is a mark those behind it.
+    void resetStrings() { stringsUsedM = stringsMarkM; }
+    // What is in use now outlives resetStrings until unmarkStrings.
+    void markStrings() { stringsMarkM = stringsUsedM; }
+    void unmarkStrings() { stringsMarkM = 0; }
+    // Frees theString if it is the newest one. A list of any length then needs a single string.
+    void releaseString(const CpsString& theString) {
+        if (stringsUsedM != 0 && stringsM[stringsUsedM - 1].get() == &theString) {
+            --stringsUsedM;
+        }
+    }
 
-    // The entry of the table of IDs, made if there is none.
-    const std::shared_ptr<XpDtd::Id>& obtainId(std::string_view theName);
+    // The table of IDs of this parse.
+    XpDtd::IdTable& getIds() { return *idsM; }
+    std::shared_ptr<const XpDtd::IdTable> shareIds() const { return idsM; }
     // Appends a blank and the name for each ID that is not defined, in name order. True if any.
     bool getUndefinedIds(CpsString& theOutput) const;
 
@@ -157,9 +177,11 @@ class XpLexer {
     std::vector<Condition> conditionStackM;
     std::vector<std::unique_ptr<CpsString>> stringsM;
     std::size_t stringsUsedM = 0;
-    std::map<std::string_view, std::shared_ptr<XpDtd::Id>> idsM;  // the key is the name inside
-    std::size_t documentSizeM;
-    std::size_t expandedM = 0;
+    std::size_t stringsMarkM = 0;
+    std::shared_ptr<XpDtd::IdTable> idsM;
+    // 64 bits, since each may come near the largest length of a string.
+    std::uint64_t documentSizeM;
+    std::uint64_t expandedM = 0;
 };
 
 }  // namespace lumnis

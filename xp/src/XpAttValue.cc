@@ -93,17 +93,6 @@ bool XpDtd::AttValueNmTokens::operator==(const AttValue& theOther) const {
     return other != nullptr && tokensM == other->tokensM;
 }
 
-CpsString XpDtd::AttValueNmTokens::toString() const {
-    CpsString result;
-    for (const CpsString& token : tokensM) {
-        if (&token != &tokensM.front()) {
-            XpTextRules::append(result, " ");
-        }
-        XpTextRules::append(result, token);
-    }
-    return result;
-}
-
 bool XpDtd::AttValueNotation::operator==(const AttValue& theOther) const {
     const auto* other = likeSelf(*this, theOther);
     return other != nullptr && notationM == other->notationM;

@@ -5,6 +5,7 @@
 #include "XpFsm.h"
 #include "XpGrammar.h"
 #include "XpLexer.h"
+#include "XpTextRules.h"
 
 namespace lumnis {
 
@@ -23,30 +24,34 @@ class TokenReader {
         lexerM.pushInput(&theText, XP_END_EXPANSION);
     }
 
-    const CpsString& first() {
-        const CpsString* token = next();
-        return token == nullptr ? fail() : *token;
+    // The tokens lie in the text.
+    std::string_view first() {
+        if (!next()) {
+            fail();
+        }
+        return token();
     }
-    // Null at the end of the text.
-    const CpsString* next() {
+    // False at the end of the text.
+    bool next() {
         const int token = lexerM.yylex();
         if (token == tokenM) {
-            return lexerM.getValue().string;
+            return true;
         }
         if (token != XP_END_EXPANSION) {
             fail();
         }
         lexerM.yy_pop_state();
-        return nullptr;
+        return false;
     }
+    std::string_view token() const { return lexerM.getTokenText(); }
     void finish() {
-        if (next() != nullptr) {
+        if (next()) {
             fail();
         }
     }
 
   private:
-    [[noreturn]] const CpsString& fail() {
+    [[noreturn]] void fail() {
         lexerM.fail(CpsString("error parsing ") + typeM + " attribute value");
     }
 
@@ -55,7 +60,7 @@ class TokenReader {
     const char* typeM;
 };
 
-const XpDtd::Entity* unparsedEntity(const CpsString& theName, XpLexer& theLexer,
+const XpDtd::Entity* unparsedEntity(std::string_view theName, XpLexer& theLexer,
                                     const XpDtd& theActiveDtd, XpDtd* theBuildingDtd) {
     const XpDtd::Entity& entity = theBuildingDtd != nullptr ? theBuildingDtd->obtainEntity(theName)
                                                             : theActiveDtd.obtainEntity(theName);
@@ -64,7 +69,7 @@ const XpDtd::Entity* unparsedEntity(const CpsString& theName, XpLexer& theLexer,
     const bool isUnparsed = value != nullptr && value->isExternal() &&
                             static_cast<const XpDtd::ExternalId*>(value)->getNotation() != nullptr;
     if (!isImplied && !isUnparsed) {
-        theLexer.fail("entity " + theName + " is not NDATA");
+        theLexer.fail(CpsString("entity ", theName) + " is not NDATA");
     }
     return &entity;
 }
@@ -85,13 +90,13 @@ std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(CpsString theTe
 std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(CpsString theText, XpLexer& theLexer,
                                                               const XpDtd&, XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ID");
-    const std::shared_ptr<XpDtd::Id>& id = theLexer.obtainId(reader.first());
-    if (id->isDefined()) {
-        theLexer.fail("ID multiply defined: " + id->getName());
+    XpDtd::Id& id = theLexer.getIds().obtain(reader.first());
+    if (id.isDefined()) {
+        theLexer.fail("ID multiply defined: " + id.getName());
     }
-    id->setDefined();
+    id.setDefined();
     reader.finish();
-    return std::make_unique<XpDtd::AttValueId>(id);
+    return std::make_unique<XpDtd::AttValueId>(&id, theLexer.shareIds());
 }
 
 bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,
@@ -104,9 +109,9 @@ std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(CpsString theTe
                                                                  XpLexer& theLexer, const XpDtd&,
                                                                  XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREF");
-    const std::shared_ptr<XpDtd::Id>& id = theLexer.obtainId(reader.first());
+    const XpDtd::Id& id = theLexer.getIds().obtain(reader.first());
     reader.finish();
-    return std::make_unique<XpDtd::AttValueIdRef>(id);
+    return std::make_unique<XpDtd::AttValueIdRef>(&id, theLexer.shareIds());
 }
 
 std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(CpsString theText,
@@ -114,10 +119,10 @@ std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(CpsString theT
                                                                   XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREFS");
     XpDtd::AttValueIdRefs::Ids ids;
-    while (const CpsString* name = reader.next()) {
-        ids.push_back(theLexer.obtainId(*name));
+    while (reader.next()) {
+        ids.push_back(&theLexer.getIds().obtain(reader.token()));
     }
-    return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids));
+    return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids), theLexer.shareIds());
 }
 
 std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(CpsString theText,
@@ -137,8 +142,8 @@ std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(CpsString th
                                                                     XpDtd* theBuildingDtd) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ENTITIES");
     XpDtd::AttValueEntities::Entities entities;
-    while (const CpsString* name = reader.next()) {
-        entities.push_back(unparsedEntity(*name, theLexer, theActiveDtd, theBuildingDtd));
+    while (reader.next()) {
+        entities.push_back(unparsedEntity(reader.token(), theLexer, theActiveDtd, theBuildingDtd));
     }
     return std::make_unique<XpDtd::AttValueEntities>(std::move(entities));
 }
@@ -156,9 +161,12 @@ std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(CpsString th
                                                                     XpLexer& theLexer, const XpDtd&,
                                                                     XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
-    XpDtd::AttValueNmTokens::Tokens tokens;
-    while (const CpsString* token = reader.next()) {
-        tokens.push_back(*token);
+    CpsString tokens;
+    while (reader.next()) {
+        if (!tokens.empty()) {
+            XpTextRules::append(tokens, " ");
+        }
+        XpTextRules::append(tokens, reader.token());
     }
     return std::make_unique<XpDtd::AttValueNmTokens>(std::move(tokens));
 }

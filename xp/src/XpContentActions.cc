@@ -85,6 +85,8 @@ void XpParserBase::processInstruction(const CpsString& theTarget, const CpsStrin
     if (actor != nullptr) {
         (*actor)(theTarget, theData, contextM);
     }
+    lexerM->releaseString(theData);
+    lexerM->releaseString(theTarget);
 }
 
 // An element that is only known by its use may hold anything.

@@ -1,7 +1,10 @@
 #include "XpContentNode.h"
 
 #include <algorithm>
+#include <functional>
+#include <new>
 #include <utility>
+#include <vector>
 
 namespace lumnis {
 
@@ -16,10 +19,70 @@ const XpPseudoElements& XpPseudoElements::instance() {
     return theInstance;
 }
 
-XpDtd::FsmNode::FsmNode() : chainLastM(this), creationM(Item::nextCreation()) {}
+// More transitions than one, while the automaton is built. They are sorted runs, each more than
+// twice as long as the next: names mostly come in order and extend the only run, and where they do
+// not, an addition still costs little more than log n steps twice over.
+struct XpDtd::FsmNode::Block {
+    using Runs = std::vector<std::uint32_t>;
+
+    std::unique_ptr<Runs> runs;  // where they begin, but for the first; null while there is one
+    std::uint32_t capacity;
+
+    // The transitions lie behind the block.
+    Transition* data() { return reinterpret_cast<Transition*>(this + 1); }
+    static Block* make(std::size_t theCapacity) {
+        void* memory = ::operator new(sizeof(Block) + theCapacity * sizeof(Transition));
+        return new (memory) Block{nullptr, static_cast<std::uint32_t>(theCapacity)};
+    }
+    static void drop(Block* theBlock) {
+        theBlock->~Block();
+        ::operator delete(theBlock);
+    }
+};
+
+namespace {
+
+// A run of up to that many transitions is sorted by insertion.
+constexpr std::size_t theInsertLimit = 256;
+
+using Transition = XpDtd::FsmNode::Transition;
+
+bool isMadeBefore(const Transition& theTransition, std::uint64_t theCreation) {
+    return theTransition.item->getCreation() < theCreation;
+}
+
+bool isMadeBeforeOther(const Transition& theLeft, const Transition& theRight) {
+    return isMadeBefore(theLeft, theRight.item->getCreation());
+}
+
+// Rows from their ends, so that a row stands in front of those of which it is the end. No output
+// can see this order.
+bool endsBefore(std::span<const Transition> theLeft, std::span<const Transition> theRight) {
+    const std::less<> less;
+    return std::lexicographical_compare(
+        theLeft.rbegin(), theLeft.rend(), theRight.rbegin(), theRight.rend(),
+        [&](const Transition& theOne, const Transition& theOther) {
+            return theOne.item != theOther.item ? less(theOne.item, theOther.item)
+                                                : less(theOne.target, theOther.target);
+        });
+}
+
+bool isEndOf(std::span<const Transition> theEnd, std::span<const Transition> theRow) {
+    return theEnd.size() <= theRow.size() &&
+           std::equal(theEnd.begin(), theEnd.end(),
+                      theRow.end() - static_cast<std::ptrdiff_t>(theEnd.size()),
+                      [](const Transition& theOne, const Transition& theOther) {
+                          return theOne.item == theOther.item && theOne.target == theOther.target;
+                      });
+}
+
+}  // namespace
+
+XpDtd::FsmNode::FsmNode() = default;
 
 // The chain can be as long as a content model: no recursion.
 XpDtd::FsmNode::~FsmNode() {
+    dropBlock();
     while (chainNextM != nullptr) {
         chainNextM = std::exchange(chainNextM->chainNextM, nullptr);
     }
@@ -32,19 +95,24 @@ const XpDtd::FsmNode& XpDtd::FsmNode::finalNode() {
 }
 
 const XpDtd::FsmNode* XpDtd::FsmNode::find(const Item* theItem) const {
+    const Transition* const row = rowM.size <= 1 ? &rowM.one : rowM.table;
+    const std::size_t size = rowM.size;
     // Most nodes know few items, and identity needs no look at them.
     constexpr std::size_t theScanLimit = 8;
-    if (transitionsM.size() <= theScanLimit) {
-        for (const Transition& transition : transitionsM) {
-            if (transition.item == theItem) {
-                return transition.target;
+    if (size <= theScanLimit) {
+        for (std::size_t i = 0; i < size; ++i) {
+            if (row[i].item == theItem) {
+                return row[i].target;
             }
         }
         return nullptr;
     }
-    const auto place = std::lower_bound(transitionsM.begin(), transitionsM.end(),
-                                        Transition{theItem->getCreation(), theItem, nullptr});
-    return place != transitionsM.end() && place->item == theItem ? place->target : nullptr;
+    const Transition* const last = row + size - 1;
+    if (last->item == theItem) {
+        return last->target;
+    }
+    const Transition* place = std::lower_bound(row, last, theItem->getCreation(), isMadeBefore);
+    return place != last && place->item == theItem ? place->target : nullptr;
 }
 
 // An element of an internal subset passes where the model of the external subset names its base.
@@ -57,104 +125,188 @@ const XpDtd::ContentNode* XpDtd::FsmNode::next(const Item* theItem) const {
     return nullptr;
 }
 
+const XpDtd::FsmNode::Transition* XpDtd::FsmNode::data() const {
+    return rowM.size <= 1 ? &rowM.one : rowM.isFrozen ? rowM.table : rowM.block->data();
+}
+
+// Not of a frozen node.
+XpDtd::FsmNode::Transition* XpDtd::FsmNode::data() {
+    return rowM.size <= 1 ? &rowM.one : rowM.block->data();
+}
+
+void XpDtd::FsmNode::dropBlock() {
+    if (rowM.size > 1 && !rowM.isFrozen) {
+        Block::drop(rowM.block);
+    }
+}
+
+// The node must get a second transition next if it has a single one: that one moves to the block.
+void XpDtd::FsmNode::reallocate(std::size_t theCapacity) {
+    Block* block = Block::make(theCapacity);
+    std::copy_n(data(), rowM.size, block->data());
+    if (rowM.size > 1) {
+        block->runs = std::move(rowM.block->runs);
+        Block::drop(rowM.block);
+    }
+    rowM.block = block;
+}
+
 bool XpDtd::FsmNode::add(const Transition& theTransition) {
-    std::size_t end = transitionsM.size();
-    const bool isLast = end == 0 || transitionsM.back() < theTransition;
-    if (!isLast || !runsM.empty()) {
-        for (std::size_t run = runsM.size() + 1; run-- != 0;) {
-            const std::size_t begin = run == 0 ? 0 : runsM[run - 1];
-            const auto first = transitionsM.begin();
-            const auto last = first + static_cast<std::ptrdiff_t>(end);
-            const auto place =
-                std::lower_bound(first + static_cast<std::ptrdiff_t>(begin), last, theTransition);
-            if (place != last && place->item == theTransition.item) {
-                if (place->target != theTransition.target) {
+    const std::uint64_t creation = theTransition.item->getCreation();
+    Transition* const first = data();
+    std::size_t end = rowM.size;
+    const Block::Runs* runs = end > 1 ? rowM.block->runs.get() : nullptr;
+    const bool isLast = end == 0 || isMadeBefore(first[end - 1], creation);
+    std::size_t place = end;  // in the last run
+    if (!isLast || runs != nullptr) {
+        for (std::size_t run = runs == nullptr ? 1 : runs->size() + 1; run-- != 0;) {
+            const std::size_t begin = run == 0 ? 0 : (*runs)[run - 1];
+            const Transition* found =
+                std::lower_bound(first + begin, first + end, creation, isMadeBefore);
+            if (found != first + end && found->item == theTransition.item) {
+                if (found->target != theTransition.target) {
                     throw NondeterministicException(*theTransition.item);
                 }
                 return false;
             }
+            if (end == rowM.size) {
+                place = static_cast<std::size_t>(found - first);
+            }
             end = begin;
         }
     }
-    if (!isLast) {
-        runsM.push_back(transitionsM.size());
+    const std::size_t size = rowM.size;
+    if (size == 0) {
+        rowM.one = theTransition;
+        rowM.size = 1;
+        return true;
     }
-    transitionsM.push_back(theTransition);
-    while (!runsM.empty() && runsM.back() - (runsM.size() == 1 ? 0 : runsM[runsM.size() - 2]) <=
-                                 2 * (transitionsM.size() - runsM.back())) {
+    if (size == 1 || size == rowM.block->capacity) {
+        reallocate(2 * size);
+    }
+    Block& block = *rowM.block;
+    ++rowM.size;
+    const std::size_t lastRun = block.runs == nullptr ? 0 : block.runs->back();
+    if (isLast || size - lastRun < theInsertLimit) {
+        std::copy_backward(block.data() + place, block.data() + size, block.data() + size + 1);
+        block.data()[place] = theTransition;
+    } else {
+        block.data()[size] = theTransition;
+        if (block.runs == nullptr) {
+            block.runs = std::make_unique<Block::Runs>();
+        }
+        block.runs->push_back(static_cast<std::uint32_t>(size));
+    }
+    while (block.runs != nullptr &&
+           block.runs->back() - (block.runs->size() == 1 ? 0 : block.runs->end()[-2]) <=
+               2 * (rowM.size - block.runs->back())) {
         mergeLastRuns();
     }
     return true;
 }
 
 void XpDtd::FsmNode::mergeLastRuns() {
-    const auto begin = transitionsM.begin();
-    const std::size_t first = runsM.size() == 1 ? 0 : runsM[runsM.size() - 2];
-    std::inplace_merge(begin + static_cast<std::ptrdiff_t>(first),
-                       begin + static_cast<std::ptrdiff_t>(runsM.back()), transitionsM.end());
-    runsM.pop_back();
+    Block& block = *rowM.block;
+    const std::size_t first = block.runs->size() == 1 ? 0 : block.runs->end()[-2];
+    std::inplace_merge(block.data() + first, block.data() + block.runs->back(),
+                       block.data() + rowM.size, isMadeBeforeOther);
+    block.runs->pop_back();
+    if (block.runs->empty()) {
+        block.runs = nullptr;
+    }
 }
 
 void XpDtd::FsmNode::sort() {
-    while (!runsM.empty()) {
+    while (rowM.size > 1 && rowM.block->runs != nullptr) {
         mergeLastRuns();
     }
 }
 
 bool XpDtd::FsmNode::addTransition(const Item* theItem, const FsmNode* theTarget) {
-    return add({theItem->getCreation(), theItem, theTarget});
+    return add({theItem, theTarget});
+}
+
+void XpDtd::FsmNode::addEnd() {
+    sort();
+    if (rowM.size == 1 || (rowM.size > 1 && rowM.size == rowM.block->capacity)) {
+        reallocate(rowM.size + std::size_t{1});
+    }
+    ++rowM.size;
+    data()[rowM.size - 1] = {&XpPseudoElements::instance().end, &finalNode()};
 }
 
 std::size_t XpDtd::FsmNode::copyTransitions(FsmNode& theFrom) {
     if (this == &theFrom) {
         return 0;
     }
-    const std::size_t before = transitionsM.size();
+    const std::size_t before = rowM.size;
     theFrom.sort();
-    for (const Transition& transition : theFrom.transitionsM) {
+    if (before == 0 && theFrom.rowM.size > 1) {
+        rowM.block = Block::make(theFrom.rowM.size);
+        std::copy_n(theFrom.data(), theFrom.rowM.size, rowM.block->data());
+        rowM.size = theFrom.rowM.size;
+        return rowM.size;
+    }
+    for (const Transition& transition : theFrom.getTransitions()) {
         add(transition);
     }
-    return transitionsM.size() - before;
+    return rowM.size - before;
 }
 
 // Which of the two is walked makes no difference to the conflict that is found: it is the first
 // item that both have.
 void XpDtd::FsmNode::moveTransitions(FsmNode& theFrom) {
-    if (transitionsM.size() < theFrom.transitionsM.size()) {
-        transitionsM.swap(theFrom.transitionsM);
-        runsM.swap(theFrom.runsM);
+    if (rowM.size < theFrom.rowM.size) {
+        std::swap(rowM, theFrom.rowM);
     }
     copyTransitions(theFrom);
 }
 
-void XpDtd::FsmNode::adoptNodes(FsmNode& theOther) {
-    if (theOther.chainNextM == nullptr) {
-        return;
-    }
-    FsmNode* last = theOther.chainLastM;
-    last->chainNextM = std::move(chainNextM);
+void XpDtd::FsmNode::adoptNodes(FsmNode& theOther, FsmNode& theLast) {
+    theLast.chainNextM = std::move(chainNextM);
     chainNextM = std::move(theOther.chainNextM);
-    if (chainLastM == this) {
-        chainLastM = last;
-    }
-    theOther.chainLastM = &theOther;
 }
 
 XpDtd::FsmNode* XpDtd::FsmNode::chainNode() {
     auto node = std::make_unique<FsmNode>();
     node->chainNextM = std::move(chainNextM);
     chainNextM = std::move(node);
-    if (chainLastM == this) {
-        chainLastM = chainNextM.get();
-    }
     return chainNextM.get();
 }
 
-void XpDtd::FsmNode::freeze() {
+XpDtd::FsmNode::Table XpDtd::FsmNode::freeze(std::size_t& theTableSize) {
+    std::vector<FsmNode*> nodes;
     for (FsmNode* node = this; node != nullptr; node = node->chainNextM.get()) {
-        node->sort();
-        node->transitionsM.shrink_to_fit();
+        if (node->rowM.size > 1) {
+            node->sort();
+            nodes.push_back(node);
+        }
     }
+    const auto rowOf = [](const FsmNode* theNode) { return theNode->getTransitions(); };
+    std::sort(nodes.begin(), nodes.end(), [&](const FsmNode* theLeft, const FsmNode* theRight) {
+        return endsBefore(rowOf(theLeft), rowOf(theRight));
+    });
+    // If a row is the end of any other one, then of that behind it.
+    const auto isShared = [&](std::size_t theIndex) {
+        return theIndex + 1 < nodes.size() &&
+               isEndOf(rowOf(nodes[theIndex]), rowOf(nodes[theIndex + 1]));
+    };
+    theTableSize = 0;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        theTableSize += isShared(i) ? 0 : nodes[i]->rowM.size;
+    }
+    Table table = std::make_unique<Transition[]>(theTableSize);
+    Transition* end = table.get();  // of the row that was the last to be written
+    for (std::size_t i = nodes.size(); i-- != 0;) {
+        FsmNode& node = *nodes[i];
+        if (!isShared(i)) {
+            end = std::copy_n(node.data(), node.rowM.size, end);
+        }
+        Block::drop(node.rowM.block);
+        node.rowM.table = end - node.rowM.size;
+        node.rowM.isFrozen = true;
+    }
+    return table;
 }
 
 const XpDtd::ContentNode* XpDtd::AnyNode::next(const Item* theItem) const {

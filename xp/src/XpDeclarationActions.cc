@@ -2,6 +2,8 @@
 //
 // The parts of a content model stand on unitStackM when they are finished, and on choiceStackM
 // and seqStackM while names are still added, so that nesting of any depth needs no recursion.
+#include <algorithm>
+#include <set>
 #include <utility>
 
 #include "XpAttValueProcessor.h"
@@ -80,6 +82,7 @@ void XpParserBase::addName(const CpsString& theName, std::size_t theModifier) {
     unitStackM.push_back(std::make_unique<XpDtd::Fsm>(&buildingDtdM->obtainElement(theName),
                                                       isOptional(theModifier),
                                                       isRepeated(theModifier), *modelSizeM));
+    lexerM->releaseString(theName);
 }
 
 void XpParserBase::modifyGroup(std::size_t theModifier) {
@@ -120,21 +123,47 @@ void XpParserBase::mixText(bool isOptionalText) {
 
 void XpParserBase::mixFirstElement(const CpsString& theName) {
     currentChoiceM = std::make_unique<XpDtd::Choice>();
-    currentChoiceM->addItem(&XpPseudoElements::instance().pcData);
+    modelSizeM->addNode();
+    modelSizeM->addNode();
+    countMixed(currentChoiceM->addItem(&XpPseudoElements::instance().pcData));
     mixElement(theName);
 }
 
+// Both nodes of mixed content get each transition.
+void XpParserBase::countMixed(bool isNew) {
+    modelSizeM->add(isNew ? 2 : 0);
+}
+
 void XpParserBase::mixElement(const CpsString& theName) {
-    currentChoiceM->addItem(&buildingDtdM->obtainElement(theName));
+    countMixed(currentChoiceM->addItem(&buildingDtdM->obtainElement(theName)));
+    lexerM->releaseString(theName);
 }
 
 void XpParserBase::closeMixed() {
-    currentChoiceM->closeChoice(true, true);
+    countMixed(true);
+    modelSizeM->endModel(currentChoiceM->closeChoice(true, true));
 }
 
 void XpParserBase::declareAttributes(const CpsString& theElement) {
     buildingDtdM->obtainElement(theElement).addAttributes(attDefsM);
     attDefsM.clear();
+    attDefsLimitM = theAttDefsLimit;
+}
+
+// Of definitions of one name in one declaration the last one holds. The others go in time, when
+// there are many.
+void XpParserBase::dropRepeatedDefinitions() {
+    std::set<std::string_view> names;
+    auto kept = attDefsM.end();
+    for (auto definition = attDefsM.end(); definition != attDefsM.begin();) {
+        --definition;
+        if (names.insert(definition->attribute->getName()).second) {
+            --kept;
+            std::swap(*kept, *definition);
+        }
+    }
+    attDefsM.erase(attDefsM.begin(), kept);
+    attDefsLimitM = std::max(theAttDefsLimit, 2 * attDefsM.size());
 }
 
 // What an incomplete DTD says of types may be wrong, so there every attribute is CDATA.
@@ -157,6 +186,10 @@ void XpParserBase::defineAttribute(const CpsString& theName) {
     }
     attDefsM.push_back({std::make_unique<XpDtd::Attribute>(
         theName, std::exchange(attProcessorM, nullptr), attDefaultKindM, std::move(value))});
+    lexerM->releaseString(theName);
+    if (attDefsM.size() >= attDefsLimitM) {
+        dropRepeatedDefinitions();
+    }
 }
 
 void XpParserBase::typeCData() {
@@ -211,6 +244,7 @@ void XpParserBase::chooseFirstNotation(const CpsString& theName) {
 
 void XpParserBase::chooseNotation(const CpsString& theName) {
     currentChoiceM->addItem(&buildingDtdM->obtainNotation(theName));
+    lexerM->releaseString(theName);
 }
 
 void XpParserBase::chooseFirstEnum(const CpsString& theToken) {
@@ -220,6 +254,7 @@ void XpParserBase::chooseFirstEnum(const CpsString& theToken) {
 
 void XpParserBase::chooseEnum(const CpsString& theToken) {
     currentChoiceM->addItem(&buildingDtdM->obtainEnum(theToken));
+    lexerM->releaseString(theToken);
 }
 
 void XpParserBase::defaultRequired() {
@@ -235,11 +270,13 @@ void XpParserBase::defaultImplied() {
 void XpParserBase::defaultFixed(const CpsString& theLiteral) {
     attDefaultKindM = XpDtd::Attribute::FIXED;
     attDefaultTextM = processAttValue(theLiteral);
+    lexerM->releaseString(theLiteral);
 }
 
 void XpParserBase::defaultValue(const CpsString& theLiteral) {
     attDefaultKindM = XpDtd::Attribute::DEFAULT;
     attDefaultTextM = processAttValue(theLiteral);
+    lexerM->releaseString(theLiteral);
 }
 
 }  // namespace lumnis

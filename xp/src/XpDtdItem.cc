@@ -67,6 +67,20 @@ const CpsString& XpDtd::ValuedItem::getTextValue() const {
     return value->getText();
 }
 
+XpDtd::IdTable::IdTable() = default;
+
+XpDtd::IdTable::~IdTable() = default;
+
+XpDtd::Id& XpDtd::IdTable::obtain(std::string_view theName) {
+    const auto place = idsM.lower_bound(theName);
+    if (place != idsM.end() && place->first == theName) {
+        return *place->second;
+    }
+    auto id = std::make_unique<Id>(theName);
+    const std::string_view name = id->getName().view();
+    return *idsM.emplace_hint(place, name, std::move(id))->second;
+}
+
 XpDtd::Attribute::Attribute(std::string_view theName,
                             std::unique_ptr<const AttValueProcessor> theProcessor,
                             DefaultKind theKind, std::unique_ptr<const AttValue> theDefault)

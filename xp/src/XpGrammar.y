@@ -48,7 +48,7 @@ static const lumnis::XpPlainContent& xpplainContent();
 %token SPACE CHARDATA CDSECT COMMENT
 %token <string> NAME NAME_TOKEN STRING
 %token <codePoint> CHARREF
-%token <string> ENTITY_REFERENCE PE_REFERENCE
+%token ENTITY_REFERENCE PE_REFERENCE
 %token ELEMENTDECLSTART ATTLISTDECLSTART NOTATIONDECLSTART ENTITYDECLSTART DOCTYPESTART
 %token RANGLE LPAREN RPAREN PCDATA REQUIRED IMPLIED FIXED
 %token PIPE COMMA QUERY STAR PLUS PERCENT EQ
@@ -198,7 +198,7 @@ optIntSubset:
 
 intSubsetDecl:
     %empty
-  | intSubsetDecl markupdecl
+  | intSubsetDecl markupdecl { theParser.freeStrings(yychar != XP_XPEMPTY); }
   | intSubsetDecl SPACE
   | intSubsetDecl PERef intSubsetDecl EndPERef
   ;
@@ -407,7 +407,7 @@ ignoreSectContents:
 // References.
 
 EntityRef:
-    ENTITY_REFERENCE { theParser.enterEntity(*$1); }
+    ENTITY_REFERENCE { theParser.enterEntity(); }
   ;
 
 EndRef:
@@ -416,7 +416,7 @@ EndRef:
   ;
 
 PERef:
-    PE_REFERENCE { theParser.expandParameterEntity(*$1); }
+    PE_REFERENCE { theParser.expandParameterEntity(); }
   ;
 
 EndPERef:

@@ -13,13 +13,8 @@ namespace lumnis {
 namespace {
 
 // Entities may make a document large, or many times larger than it is, but not both.
-constexpr std::size_t theExpansionLimit = 8u << 20;
-constexpr std::size_t theExpansionRatio = 100;
-// A parameter entity that refers to itself opens inputs without end. Others open at most as many
-// as there are entities.
-constexpr std::size_t theInputLimit = 4'000'000;
-
-constexpr const char* theExpansionMessage = "entity expansion limit exceeded";
+constexpr std::uint64_t theExpansionLimit = 8u << 20;
+constexpr std::uint64_t theExpansionRatio = 100;
 
 constexpr unsigned theLastCodePoint = 1114111;
 // The input that is at its end at once.
@@ -41,6 +36,7 @@ bool isXmlChar(unsigned theCodePoint) {
 XpLexer::XpLexer(const CpsString* theInput)
     : cursorM(beginOf(*theInput)),
       limitM(cursorM + theInput->length()),
+      idsM(std::make_shared<XpDtd::IdTable>()),
       documentSizeM(theInput->length()) {
     theInput->c_str();
 }
@@ -70,9 +66,6 @@ void XpLexer::pushNothing(int theEndToken) {
 
 void XpLexer::pushBytes(const unsigned char* theBegin, const unsigned char* theEnd,
                         int theEndToken) {
-    if (inputStackM.size() >= theInputLimit) {
-        fail(theExpansionMessage);
-    }
     inputStackM.push_back({cursorM, limitM, theEndToken});
     cursorM = theBegin;
     limitM = theEnd;
@@ -89,11 +82,15 @@ int XpLexer::endInput() {
     return frame.endToken;
 }
 
-void XpLexer::countExpansion(std::size_t theLength) {
+void XpLexer::countExpansion(std::uint64_t theLength) {
     expandedM += theLength;
     if (expandedM > theExpansionLimit && expandedM > documentSizeM * theExpansionRatio) {
-        fail(theExpansionMessage);
+        failToExpand();
     }
+}
+
+void XpLexer::failToExpand() const {
+    fail("entity expansion limit exceeded");
 }
 
 void XpLexer::yy_push_state(Condition theCondition) {
@@ -113,19 +110,9 @@ void XpLexer::addString() {
     stringsM.push_back(std::make_unique<CpsString>());
 }
 
-const std::shared_ptr<XpDtd::Id>& XpLexer::obtainId(std::string_view theName) {
-    const auto place = idsM.lower_bound(theName);
-    if (place != idsM.end() && place->first == theName) {
-        return place->second;
-    }
-    auto id = std::make_shared<XpDtd::Id>(theName);
-    const std::string_view name = id->getName().view();
-    return idsM.emplace_hint(place, name, std::move(id))->second;
-}
-
 bool XpLexer::getUndefinedIds(CpsString& theOutput) const {
     bool isAny = false;
-    for (const auto& [name, id] : idsM) {
+    for (const auto& [name, id] : idsM->getIds()) {
         if (!id->isDefined()) {
             XpTextRules::append(theOutput, " ");
             XpTextRules::append(theOutput, name);

@@ -113,7 +113,6 @@ void XpParser::makeRoot() {
     }
     auto node = std::make_unique<XpDtd::FsmNode>();
     node->addTransition(root, &XpDtd::FsmNode::finalNode());
-    node->freeze();
     rootNodeM = std::move(node);
 }
 

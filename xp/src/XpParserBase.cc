@@ -134,11 +134,13 @@ void XpParserBase::beginInternalSubset() {
     buildingDtdM = internalSubsetM.get();
     activeDtdM = internalSubsetM.get();
     inInternalSubsetM = true;
+    lexerM->markStrings();  // the name of the document type
     lexerM->yy_push_state(XpLexer::DTD);
 }
 
 void XpParserBase::endInternalSubset() {
     buildingDtdM = nullptr;
+    lexerM->unmarkStrings();
     lexerM->yy_pop_state();
 }
 

@@ -139,14 +139,16 @@ int XpLexer::yylex() {
             <DTD> "#FIXED"          { takeWord(cursor); return XP_FIXED; }
             <DTD> "#" nameChar+     { takeWord(cursor); failAtText("syntax error: "); }
 
-            <DTD, PROLOG, TAG, ATTNAME> name {
+            <DTD, PROLOG, TAG> name {
                 takeWord(cursor);
                 return stringToken(XP_NAME, yytextM);
             }
-            <DTD, ATTNMTOKEN> nmtoken {
+            <ATTNAME> name { takeWord(cursor); return textToken(XP_NAME, yytextM); }
+            <DTD> nmtoken {
                 takeWord(cursor);
                 return stringToken(XP_NAME_TOKEN, yytextM);
             }
+            <ATTNMTOKEN> nmtoken { takeWord(cursor); return textToken(XP_NAME_TOKEN, yytextM); }
             <DTD, PROLOG, TAG> ["] [^"]* ["] { takeRun(cursor); return stringToken(XP_STRING, inner(1, 1)); }
             <DTD, PROLOG, TAG> ['] [^']* ['] { takeRun(cursor); return stringToken(XP_STRING, inner(1, 1)); }
             <DTD, PROLOG, TAG> ["] { takeWord(cursor); fail("unmatched \""); }
@@ -178,13 +180,13 @@ int XpLexer::yylex() {
             <ATTVALUE> [^<&]+    { takeRun(cursor); return textToken(XP_NORMAL_CHARS, yytextM); }
             <DTD, ENTITYVALUE> "%" name ";" {
                 takeWord(cursor);
-                return stringToken(XP_PE_REFERENCE, inner(1, 1));
+                return textToken(XP_PE_REFERENCE, inner(1, 1));
             }
             <DTD, ENTITYVALUE> "%" nmtoken { takeWord(cursor); failAtText("missing ; following "); }
             <ENTITYVALUE> "%" { takeWord(cursor); fail("illegal token following %"); }
             <CONTENT, ENTITYVALUE, ATTVALUE> "&" name ";" {
                 takeWord(cursor);
-                return stringToken(XP_ENTITY_REFERENCE, inner(1, 1));
+                return textToken(XP_ENTITY_REFERENCE, inner(1, 1));
             }
             <CONTENT, ENTITYVALUE, ATTVALUE> "&" name { takeWord(cursor); failAtText("missing ; following "); }
             <CONTENT, ENTITYVALUE, ATTVALUE> "&#" [0-9]+ ";" {
