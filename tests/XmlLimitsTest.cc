@@ -1,6 +1,8 @@
 // The XML parser under load and on hostile input: long chains on a small stack, threads that
-// share a DTD, input that is cut or damaged at every byte, memory that runs out.
+// share a DTD, input that is cut or damaged at every byte, memory that runs out or that a small
+// document asks for.
 #include <gtest/gtest.h>
+#include <malloc.h>
 #include <pthread.h>
 
 #include <algorithm>
@@ -21,6 +23,10 @@ namespace {
 // Allocations of this thread until one fails; negative while none is to fail.
 thread_local long allocationsLeft = -1;
 
+// Of this thread.
+thread_local std::ptrdiff_t bytesInUse = 0;
+thread_local std::ptrdiff_t mostBytesInUse = 0;
+
 }  // namespace
 
 // All forms of new and delete, so that a sanitizer's own do not mix with them. Not inlined: the
@@ -29,7 +35,10 @@ thread_local long allocationsLeft = -1;
     if (allocationsLeft > 0 && --allocationsLeft == 0) {
         return nullptr;
     }
-    return std::malloc(theSize == 0 ? 1 : theSize);
+    void* const block = std::malloc(theSize == 0 ? 1 : theSize);
+    bytesInUse += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
+    mostBytesInUse = std::max(mostBytesInUse, bytesInUse);
+    return block;
 }
 
 [[gnu::noinline]] void* operator new(std::size_t theSize) {
@@ -44,23 +53,24 @@ thread_local long allocationsLeft = -1;
 }
 
 [[gnu::noinline]] void operator delete(void* theBlock) noexcept {
+    bytesInUse -= static_cast<std::ptrdiff_t>(malloc_usable_size(theBlock));
     std::free(theBlock);
 }
 
 [[gnu::noinline]] void operator delete(void* theBlock, std::size_t) noexcept {
-    std::free(theBlock);
+    operator delete(theBlock);
 }
 
 [[gnu::noinline]] void operator delete(void* theBlock, const std::nothrow_t&) noexcept {
-    std::free(theBlock);
+    operator delete(theBlock);
 }
 
 [[gnu::noinline]] void operator delete[](void* theBlock) noexcept {
-    std::free(theBlock);
+    operator delete(theBlock);
 }
 
 [[gnu::noinline]] void operator delete[](void* theBlock, std::size_t) noexcept {
-    std::free(theBlock);
+    operator delete(theBlock);
 }
 
 namespace lumnis {
@@ -169,6 +179,69 @@ TEST(XmlLimits, longChainsOnASmallStack) {
             "<r i='a' j='" +
             repeat(theCount, [](int) { return "a "; }) + "'/>");
     });
+}
+
+// 11 KB may grow to 8 MiB by their entities. What the parser makes of that must not be many times
+// larger again: each of these once took 140 to 900 MB, a string or more for each word.
+TEST(XmlLimits, smallDocumentsStaySmall) {
+    constexpr std::ptrdiff_t theMostBytes = 110'000'000;
+    constexpr int theLength = 8000;
+    const auto filled = [](const std::string& theUnit) {
+        return repeat(theLength / static_cast<int>(theUnit.size()), [&](int) { return theUnit; });
+    };
+    // References of 8 KB each, as many as are allowed, and half of them, to be counted twice.
+    const std::string all = repeat(1040, [](int) { return "&e;"; });
+    const std::string half = repeat(523, [](int) { return "%q;"; });
+    const auto document = [](const std::string& theDtd, const std::string& theRoot) {
+        return "<!DOCTYPE r [<!ELEMENT r ANY>" + theDtd + "]>" + theRoot;
+    };
+    // An attribute of theType in the root.
+    const auto value = [&](const std::string& theType, const std::string& theUnit,
+                           const std::string& theDtd) {
+        return document(theDtd + "<!ENTITY e '" + filled(theUnit) + "'><!ATTLIST r x " + theType +
+                            " #IMPLIED i ID #IMPLIED>",
+                        "<r i='a' x='" + all + "'/>");
+    };
+    // A declaration with theUnit in it as often as may be.
+    const auto declaration = [&](const std::string& theHead, const std::string& theUnit,
+                                 const std::string& theTail) {
+        return document("<!ENTITY % q \"" + filled(theUnit) + "\"><!ENTITY % d \"" + theHead +
+                            half + theTail + "\">%d;",
+                        "<r/>");
+    };
+    // Any number of declarations of theUnit.
+    const auto declarations = [&](const std::string& theUnit) {
+        return document(
+            "<!ENTITY % e \"" + filled(theUnit) + "\">" + repeat(1040, [](int) { return "%e;"; }),
+            "<r/>");
+    };
+    const std::string unparsed = "<!NOTATION n SYSTEM 'n'><!ENTITY a SYSTEM 'a' NDATA n>";
+    const struct {
+        const char* name;
+        std::string document;
+    } cases[] = {
+        {"NMTOKENS", value("NMTOKENS", "a ", "")},
+        {"IDREFS", value("IDREFS", "a ", "")},
+        {"ENTITIES", value("ENTITIES", "a ", unparsed)},
+        {"references in a value", value("CDATA", "&n;", "<!ENTITY n ''>")},
+        {"references in content",
+         document("<!ENTITY n ''><!ENTITY e 'x" + filled("&n;") + "'>", "<r>" + all + "</r>")},
+        {"entities", declarations("<!ENTITY a ''>")},
+        {"instructions", declarations("<?a b?>")},
+        {"definitions", declaration("<!ATTLIST m ", "a CDATA '' ", ">")},
+        {"tokens", declaration("<!ATTLIST m a (a", "|a", ") #IMPLIED>")},
+        {"mixed", declaration("<!ELEMENT m (#PCDATA", "|a", ")*>")},
+        {"states", declaration("<!ELEMENT m (a", ",a", ")>")},
+    };
+    for (const auto& [name, text] : cases) {
+        ASSERT_LE(text.size(), 13000U);
+        const std::ptrdiff_t before = bytesInUse;
+        mostBytesInUse = before;
+        const Outcome outcome = check(text);
+        EXPECT_LE(mostBytesInUse - before, theMostBytes) << name;
+        EXPECT_EQ(std::string(name) == "states" ? "content model too large" : "", outcome.message)
+            << name;
+    }
 }
 
 // A DTD is only read once it is made.

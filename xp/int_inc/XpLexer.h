@@ -90,9 +90,10 @@ class XpLexer {
     // What is in use now outlives resetStrings until unmarkStrings.
     void markStrings() { stringsMarkM = stringsUsedM; }
     void unmarkStrings() { stringsMarkM = 0; }
-    // Frees theString if it is the newest one. A list of any length then needs a single string.
+    // Frees theString if it is the newest one and not marked. A list of any length then needs a
+    // single string.
     void releaseString(const CpsString& theString) {
-        if (stringsUsedM != 0 && stringsM[stringsUsedM - 1].get() == &theString) {
+        if (stringsUsedM != stringsMarkM && stringsM[stringsUsedM - 1].get() == &theString) {
             --stringsUsedM;
         }
     }
