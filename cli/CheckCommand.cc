@@ -110,6 +110,9 @@ CliExit CheckCommand::run() const {
             }
         } catch (const CliFileError& error) {
             return reportDtd({error.getPath(), 0, error.what(), {}, {}}, CliExit::failed);
+        } catch (const std::exception& error) {
+            return reportDtd({inputName(dtdM), 0, describeException(error), {}, {}},
+                             CliExit::refused);
         }
     }
     // One at a time: the checker holds the DTD for all.

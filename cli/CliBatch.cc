@@ -8,6 +8,7 @@
 #include <map>
 #include <new>
 #include <optional>
+#include <stdexcept>
 
 #include "CliError.h"
 #include "CliInput.h"
@@ -147,11 +148,8 @@ Item Batch::process(std::size_t theIndex) const {
     } catch (const CliFileError& error) {
         item.result = failure(error.getPath(), error.what());
         item.exit = CliExit::failed;
-    } catch (const std::bad_alloc&) {
-        item.result = failure(name, "not enough memory");
-        item.exit = CliExit::refused;
     } catch (const std::exception& error) {
-        item.result = failure(name, std::string("internal error: ") + error.what());
+        item.result = failure(name, describeException(error));
         item.exit = CliExit::refused;
     }
     return item;
@@ -260,6 +258,16 @@ std::string productPath(const CliBatchOptions& theOptions, const std::string& th
     }
     const fs::path name = fs::path(theInput).filename().replace_extension(theOptions.extension);
     return (fs::path(theOptions.output) / name).string();
+}
+
+std::string describeException(const std::exception& theError) {
+    if (dynamic_cast<const std::bad_alloc*>(&theError) != nullptr) {
+        return "not enough memory";
+    }
+    if (dynamic_cast<const std::length_error*>(&theError) != nullptr) {
+        return "a text in it grows beyond 4 GiB";
+    }
+    return std::string("internal error: ") + theError.what();
 }
 
 CliExit runBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWork) {

@@ -52,6 +52,9 @@ bool isStandardOutput(const std::string& thePath);
 // Throws CliUsageError for standard input into a folder, since it has no name.
 std::string productPath(const CliBatchOptions& theOptions, const std::string& theInput);
 
+// What is told of an exception that is none of the input's faults.
+std::string describeException(const std::exception& theError);
+
 // The whole run. When a product goes to standard output, everything else that would go there goes
 // to standard error. Throws CliUsageError before anything is read or written.
 CliExit runBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWork);

@@ -1,12 +1,15 @@
 #include "XpTextRules.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace lumnis {
 
 namespace {
 
 constexpr std::string_view theSpaces = "\t\n\r ";
+// What a string may hold; beyond that it throws.
+constexpr std::uint64_t theLongest = 4294967039;
 
 // Appends theText in pieces between the bytes that isSpecial knows, which with a line feed behind
 // a carriage return become theByte.
@@ -28,11 +31,12 @@ void appendReplacing(CpsString& theOutput, std::string_view theText, Test isSpec
 }  // namespace
 
 void XpTextRules::append(CpsString& theOutput, std::string_view theText) {
-    const std::size_t length = theOutput.length() + theText.size();
-    if (length > theOutput.capacity()) {
-        constexpr std::size_t theMostAtOnce = 1u << 30;
-        theOutput.reserve(static_cast<std::uint32_t>(
-            length + std::min<std::size_t>(theOutput.length(), theMostAtOnce)));
+    const std::uint64_t length = std::uint64_t{theOutput.length()} + theText.size();
+    if (length > theOutput.capacity() && length <= theLongest) {
+        constexpr std::uint64_t theMostAtOnce = 1u << 30;
+        const std::uint64_t wanted =
+            length + std::min<std::uint64_t>(theOutput.length(), theMostAtOnce);
+        theOutput.reserve(static_cast<std::uint32_t>(std::min(wanted, theLongest)));
     }
     theOutput.append(theText);
 }
