@@ -12,13 +12,21 @@ out=build/release/examples
 build/release/lumnis encode -o $out/ -j 2 examples/decks/*.wml
 build/release/lumnis compile -o $out/ -j 2 examples/scripts/*.wmls
 
+# sizes SUFFIX HEADING SOURCE...: each source beside what has come of it.
+sizes() {
+    suffix=$1
+    printf '    %-20s %8s %10s\n' "" source "$2"
+    shift 2
+    for source; do
+        name=$(basename "$source")
+        name=${name%.*}
+        printf '    %-20s %8d %10d\n' "$name" "$(wc -c <"$source")" "$(wc -c <"$out/$name.$suffix")"
+    done
+}
+
 echo
 echo "Decks and their WBXML, in bytes (in $out):"
-printf '    %-20s %8s %10s\n' "" source encoded
-for source in examples/decks/*.wml; do
-    name=$(basename "$source" .wml)
-    printf '    %-20s %8d %10d\n' "$name" "$(wc -c <"$source")" "$(wc -c <"$out/$name.wmlc")"
-done
+sizes wmlc encoded examples/decks/*.wml
 
 echo
 echo "The deck examples/decks/phonebook.wml, as a handset receives it:"
@@ -26,11 +34,7 @@ od -An -tx1z $out/phonebook.wmlc | sed 's/^/   /'
 
 echo
 echo "Scripts and their byte code, in bytes (in $out):"
-printf '    %-20s %8s %10s\n' "" source compiled
-for source in examples/scripts/*.wmls; do
-    name=$(basename "$source" .wmls)
-    printf '    %-20s %8d %10d\n' "$name" "$(wc -c <"$source")" "$(wc -c <"$out/$name.wmlsc")"
-done
+sizes wmlsc compiled examples/scripts/*.wmls
 
 echo
 echo "A function of units.wmls, lumnis compile --listing - examples/scripts/units.wmls:"

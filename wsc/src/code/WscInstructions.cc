@@ -20,6 +20,14 @@ void writeWord(CpsString& theOutput, unsigned theValue) {
     writeByte(theOutput, theValue);
 }
 
+void writeOperand(CpsString& theOutput, std::uint8_t theValue) {
+    writeByte(theOutput, theValue);
+}
+
+void writeOperand(CpsString& theOutput, std::uint16_t theValue) {
+    writeWord(theOutput, theValue);
+}
+
 void writeNumber(CpsString& theOutput, unsigned theValue) {
     char text[16];
     const auto end = std::to_chars(text, text + sizeof text, theValue);
@@ -79,23 +87,19 @@ void WscShortInstruction::writeAssemblyCodeInformation(CpsString& theOutput) con
     writeNumber(theOutput, indexM);
 }
 
-void WscMediumInstruction::writeByteCodeInformation(CpsString& theOutput) const {
+template <class Index>
+void WscOperandInstruction<Index>::writeByteCodeInformation(CpsString& theOutput) const {
     writeOpcode(theOutput, getInstructionNbr());
-    writeByte(theOutput, indexM);
+    writeOperand(theOutput, indexM);
 }
 
-void WscMediumInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
+template <class Index>
+void WscOperandInstruction<Index>::writeAssemblyCodeInformation(CpsString& theOutput) const {
     writeNumber(theOutput, indexM);
 }
 
-void WscWideInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-    writeWord(theOutput, indexM);
-}
-
-void WscWideInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, indexM);
-}
+template class WscOperandInstruction<std::uint8_t>;
+template class WscOperandInstruction<std::uint16_t>;
 
 void WscCallLibShortInstruction::writeByteCodeInformation(CpsString& theOutput) const {
     writeByte(theOutput, valueOf(getInstructionNbr()) | functionIdM);
@@ -107,53 +111,39 @@ void WscCallLibShortInstruction::writeAssemblyCodeInformation(CpsString& theOutp
     writeNumber(theOutput, libraryIdM);
 }
 
-void WscCallLibMediumInstruction::writeByteCodeInformation(CpsString& theOutput) const {
+template <class LibraryId>
+void WscCallLibInstruction<LibraryId>::writeByteCodeInformation(CpsString& theOutput) const {
     writeOpcode(theOutput, getInstructionNbr());
-    writeByte(theOutput, functionIdM);
-    writeByte(theOutput, libraryIdM);
+    writeOperand(theOutput, functionIdM);
+    writeOperand(theOutput, libraryIdM);
 }
 
-void WscCallLibMediumInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
+template <class LibraryId>
+void WscCallLibInstruction<LibraryId>::writeAssemblyCodeInformation(CpsString& theOutput) const {
     writeNumber(theOutput, functionIdM);
     writeNumber(theOutput, libraryIdM);
 }
 
-void WscCallLibWideInstruction::writeByteCodeInformation(CpsString& theOutput) const {
+template class WscCallLibInstruction<std::uint8_t>;
+template class WscCallLibInstruction<std::uint16_t>;
+
+template <class Index>
+void WscCallUrlInstruction<Index>::writeByteCodeInformation(CpsString& theOutput) const {
     writeOpcode(theOutput, getInstructionNbr());
-    writeByte(theOutput, functionIdM);
-    writeWord(theOutput, libraryIdM);
+    writeOperand(theOutput, urlIndexM);
+    writeOperand(theOutput, functionIndexM);
+    writeOperand(theOutput, argumentCountM);
 }
 
-void WscCallLibWideInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, functionIdM);
-    writeNumber(theOutput, libraryIdM);
-}
-
-void WscCallUrlMediumInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-    writeByte(theOutput, urlIndexM);
-    writeByte(theOutput, functionIndexM);
-    writeByte(theOutput, argumentCountM);
-}
-
-void WscCallUrlMediumInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
+template <class Index>
+void WscCallUrlInstruction<Index>::writeAssemblyCodeInformation(CpsString& theOutput) const {
     writeNumber(theOutput, urlIndexM);
     writeNumber(theOutput, functionIndexM);
     writeNumber(theOutput, argumentCountM);
 }
 
-void WscCallUrlWideInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-    writeWord(theOutput, urlIndexM);
-    writeWord(theOutput, functionIndexM);
-    writeByte(theOutput, argumentCountM);
-}
-
-void WscCallUrlWideInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, urlIndexM);
-    writeNumber(theOutput, functionIndexM);
-    writeNumber(theOutput, argumentCountM);
-}
+template class WscCallUrlInstruction<std::uint8_t>;
+template class WscCallUrlInstruction<std::uint16_t>;
 
 void WscNormalInstruction::writeByteCodeInformation(CpsString& theOutput) const {
     writeOpcode(theOutput, getInstructionNbr());

@@ -78,11 +78,12 @@ class WscShortInstruction final : public WscInstruction {
     std::uint8_t indexM;
 };
 
-// Opcode and an operand of one byte.
-class WscMediumInstruction final : public WscInstruction {
+// Opcode and an operand of the size of Index.
+template <class Index>
+class WscOperandInstruction final : public WscInstruction {
   public:
-    WscMediumInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                         std::uint8_t theIndex) noexcept
+    WscOperandInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
+                          Index theIndex) noexcept
         : WscInstruction(theInstructionNbr, theSize), indexM(theIndex) {}
 
     unsigned getIndex() const noexcept override { return indexM; }
@@ -90,23 +91,10 @@ class WscMediumInstruction final : public WscInstruction {
     void writeAssemblyCodeInformation(CpsString& theOutput) const override;
 
   private:
-    std::uint8_t indexM;
+    Index indexM;
 };
-
-// Opcode and an operand of two bytes.
-class WscWideInstruction final : public WscInstruction {
-  public:
-    WscWideInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                       std::uint16_t theIndex) noexcept
-        : WscInstruction(theInstructionNbr, theSize), indexM(theIndex) {}
-
-    unsigned getIndex() const noexcept override { return indexM; }
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    std::uint16_t indexM;
-};
+using WscMediumInstruction = WscOperandInstruction<std::uint8_t>;
+using WscWideInstruction = WscOperandInstruction<std::uint16_t>;
 
 // A call of a library function, the function id in the opcode's low bits.
 class WscCallLibShortInstruction final : public WscInstruction {
@@ -125,11 +113,12 @@ class WscCallLibShortInstruction final : public WscInstruction {
     std::uint8_t libraryIdM;
 };
 
-// The same with an id of one byte each.
-class WscCallLibMediumInstruction final : public WscInstruction {
+// The same, the function id in a byte of its own and the library id of the size of LibraryId.
+template <class LibraryId>
+class WscCallLibInstruction final : public WscInstruction {
   public:
-    WscCallLibMediumInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                                std::uint8_t theFunctionId, std::uint8_t theLibraryId) noexcept
+    WscCallLibInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
+                          std::uint8_t theFunctionId, LibraryId theLibraryId) noexcept
         : WscInstruction(theInstructionNbr, theSize),
           functionIdM(theFunctionId),
           libraryIdM(theLibraryId) {}
@@ -139,32 +128,17 @@ class WscCallLibMediumInstruction final : public WscInstruction {
 
   private:
     std::uint8_t functionIdM;
-    std::uint8_t libraryIdM;
+    LibraryId libraryIdM;
 };
+using WscCallLibMediumInstruction = WscCallLibInstruction<std::uint8_t>;
+using WscCallLibWideInstruction = WscCallLibInstruction<std::uint16_t>;
 
-// The same with a library id of two bytes.
-class WscCallLibWideInstruction final : public WscInstruction {
+// A call into another unit, both constants with indices of the size of Index.
+template <class Index>
+class WscCallUrlInstruction final : public WscInstruction {
   public:
-    WscCallLibWideInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                              std::uint8_t theFunctionId, std::uint16_t theLibraryId) noexcept
-        : WscInstruction(theInstructionNbr, theSize),
-          functionIdM(theFunctionId),
-          libraryIdM(theLibraryId) {}
-
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    std::uint8_t functionIdM;
-    std::uint16_t libraryIdM;
-};
-
-// A call into another unit, both constants with indices of one byte.
-class WscCallUrlMediumInstruction final : public WscInstruction {
-  public:
-    WscCallUrlMediumInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                                std::uint8_t theUrlIndex, std::uint8_t theFunctionIndex,
-                                std::uint8_t theArgumentCount) noexcept
+    WscCallUrlInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize, Index theUrlIndex,
+                          Index theFunctionIndex, std::uint8_t theArgumentCount) noexcept
         : WscInstruction(theInstructionNbr, theSize),
           urlIndexM(theUrlIndex),
           functionIndexM(theFunctionIndex),
@@ -174,30 +148,12 @@ class WscCallUrlMediumInstruction final : public WscInstruction {
     void writeAssemblyCodeInformation(CpsString& theOutput) const override;
 
   private:
-    std::uint8_t urlIndexM;
-    std::uint8_t functionIndexM;
+    Index urlIndexM;
+    Index functionIndexM;
     std::uint8_t argumentCountM;
 };
-
-// The same with indices of two bytes.
-class WscCallUrlWideInstruction final : public WscInstruction {
-  public:
-    WscCallUrlWideInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                              std::uint16_t theUrlIndex, std::uint16_t theFunctionIndex,
-                              std::uint8_t theArgumentCount) noexcept
-        : WscInstruction(theInstructionNbr, theSize),
-          urlIndexM(theUrlIndex),
-          functionIndexM(theFunctionIndex),
-          argumentCountM(theArgumentCount) {}
-
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    std::uint16_t urlIndexM;
-    std::uint16_t functionIndexM;
-    std::uint8_t argumentCountM;
-};
+using WscCallUrlMediumInstruction = WscCallUrlInstruction<std::uint8_t>;
+using WscCallUrlWideInstruction = WscCallUrlInstruction<std::uint16_t>;
 
 // An opcode alone.
 class WscNormalInstruction final : public WscInstruction {
