@@ -194,38 +194,70 @@ TEST(WmlThreads, GetWhatOneThreadGets) {
     }
 }
 
-// The setting is off in the library; an actor that has it on shows what it does.
+// The setting is off in the library; an actor that has it on shows what it does. The message of
+// theDeck and its line, or nothing.
+std::string validateNames(const std::string& theDeck) {
+    XpDtd dtd;
+    XaDirector::setupDtd(theWml13DtdText, dtd);
+    DoTagActor doActor({dtd, dtd.obtainElement("do"), 3}, true);
+    CardTagActor cardActor({dtd, dtd.obtainElement("card"), 3});
+    TemplateTagActor templateActor({dtd, dtd.obtainElement("template"), 3});
+    dtd.obtainElement("do").setActor(&doActor);
+    dtd.obtainElement("card").setActor(&cardActor);
+    dtd.obtainElement("template").setActor(&templateActor);
+    std::list<XaMetaData> metaData;
+    WmlCtrl ctrl(theUtf8Charset, metaData);
+    const CpsString document("<wml>" + theDeck + "</wml>");
+    XpParser parser(&document, nullptr, nullptr, nullptr);
+    parser.parseProlog();
+    parser.setDtd(&dtd, static_cast<XaWbxmlCtrl*>(&ctrl), nullptr, nullptr, nullptr, nullptr,
+                  nullptr);
+    try {
+        parser.parseDocument();
+    } catch (const XpParserError& error) {
+        return std::to_string(error.getLine()) + ": " + std::string(error.toString().view());
+    }
+    return "";
+}
+
 TEST(DoTagActor, RefusesASecondNameWithValidation) {
-    const auto encode = [](const std::string& theCards) {
-        XpDtd dtd;
-        XaDirector::setupDtd(theWml13DtdText, dtd);
-        DoTagActor doActor({dtd, dtd.obtainElement("do"), 3}, true);
-        CardTagActor cardActor({dtd, dtd.obtainElement("card"), 3});
-        dtd.obtainElement("do").setActor(&doActor);
-        dtd.obtainElement("card").setActor(&cardActor);
-        std::list<XaMetaData> metaData;
-        WmlCtrl ctrl(theUtf8Charset, metaData);
-        const CpsString document("<wml>" + theCards + "</wml>");
-        XpParser parser(&document, nullptr, nullptr, nullptr);
-        parser.parseProlog();
-        parser.setDtd(&dtd, static_cast<XaWbxmlCtrl*>(&ctrl), nullptr, nullptr, nullptr, nullptr,
-                      nullptr);
-        try {
-            parser.parseDocument();
-        } catch (const XpParserError& error) {
-            return std::string(error.toString().view());
-        }
-        return std::string();
+    const std::string help = "\n<do type='help'><noop/></do>";
+    const std::string named = "\n<do type='help' name='n'><noop/></do>";
+    const std::string upper = "\n<do type='help' name='N'><noop/></do>";
+    const std::string likeHelp = "\n<do type='prev' name='help'><noop/></do>";
+    const std::string typeN = "\n<do type='n'><noop/></do>";
+    const auto card = [](const std::string& theContent) {
+        return "<card>" + theContent + "</card>";
     };
-    const std::string text = "error: duplicate declaration of do element with same name: ";
-    const auto card = [](const std::string& theDos) { return "<card>" + theDos + "</card>"; };
-    const std::string help = "<do type='help'><noop/></do>";
-    const std::string named = "<do type='help' name='n'><noop/></do>";
-    EXPECT_EQ(encode(card(help + help)), text + "help");
-    EXPECT_EQ(encode(card(named + named)), text + "n");
-    EXPECT_EQ(encode(card("<do type='n'><noop/></do>" + named)), text + "n");
-    EXPECT_EQ(encode(card(help + named)), "");
-    EXPECT_EQ(encode(card(help) + card(help)), "");
+    const auto deckTemplate = [](const std::string& theContent) {
+        return "<template>" + theContent + "</template>";
+    };
+    const std::string text = ": error: duplicate declaration of do element with same name: ";
+    const struct {
+        std::string deck;
+        std::string message;
+    } cases[] = {
+        {card(help + help), "3" + text + "help"},
+        {card(named + named), "3" + text + "n"},
+        // A type stands in for the name that is missing, and for no other.
+        {card(typeN + named), "3" + text + "n"},
+        {card(named + typeN), "3" + text + "n"},
+        {card(likeHelp + help), "3" + text + "help"},
+        {card(help + named), ""},
+        {card(named + upper), ""},
+        // Wherever in the card the second one stands.
+        {card(help + named + "<p>" + help + "</p>"), "4" + text + "help"},
+        {card("<p><fieldset>" + named + "</fieldset></p><p>" + named + "</p>"), "3" + text + "n"},
+        // A card may have the name that another card has, or the template: it takes its place.
+        {card(help) + card(help), ""},
+        {deckTemplate(help + named) + card(help + named), ""},
+        {deckTemplate(help) + card(help + help), "4" + text + "help"},
+        {deckTemplate(named + named) + card(""), "3" + text + "n"},
+        {card(help) + card(named + named), "4" + text + "n"},
+    };
+    for (const auto& each : cases) {
+        EXPECT_EQ(validateNames(each.deck), each.message) << each.deck;
+    }
 }
 
 // All elements in one deck, cut behind every byte: a message with a line, and then the whole deck
