@@ -4,8 +4,8 @@ beside a process for each.
 
     bench/processes.py [--lumnis PATH] [--rounds N] [--decks N]
 
-All contenders of a comparison run in turns. Printed are the least and the median time, and their
-ratios to the first contender. xmllint comes from Debian's libxml2-utils.
+All contenders of a comparison run in turns. Printed are the least and the median time by the clock
+and the least time of the processor, each with its ratio to the first contender. xmllint comes from Debian's libxml2-utils.
 """
 
 import argparse
@@ -36,28 +36,30 @@ SCRIPT = """extern function add(a, b) {
 
 
 def run(command):
-    """Runs a command and gives its time in seconds."""
+    """Runs a command and gives its times in seconds: what a clock shows, and of the processor."""
     start = time.perf_counter()
     child = os.posix_spawn(command[0], command, os.environ)
-    status = os.waitpid(child, 0)[1]
+    _, status, usage = os.wait4(child, 0)
     duration = time.perf_counter() - start
     if status != 0:
         sys.exit("fails: " + " ".join(command))
-    return duration
+    return duration, usage.ru_utime + usage.ru_stime
 
 
 def compare(title, contenders, rounds):
-    """contenders: name to a function that gives the time of one run."""
+    """contenders: name to a function that gives the two times of one run."""
     times = {name: [] for name in contenders}
     for _ in range(rounds):
         for name, measure in contenders.items():
             times[name].append(measure())
-    print(f"\n{title:<44} {'least ms':>9} {'ratio':>6} {'median ms':>10} {'ratio':>6}")
-    first = next(iter(times.values()))
-    for name, values in times.items():
-        least, median = min(values), statistics.median(values)
-        print(f"  {name:<42} {least * 1e3:>9.2f} {least / min(first):>6.2f}"
-              f" {median * 1e3:>10.2f} {median / statistics.median(first):>6.2f}")
+    print(f"\n{title:<34}{'least ms':>17}{'median ms':>17}{'least cpu ms':>17}")
+    first = None
+    for name, pairs in times.items():
+        walls, cpus = zip(*pairs)
+        values = [min(walls), statistics.median(walls), min(cpus)]
+        first = first or values
+        print(f"  {name:<32}" + "".join(f"{value * 1e3:>10.2f} {value / base:>6.2f}"
+                                        for value, base in zip(values, first)))
 
 
 def compare_single_files(lumnis, folder, rounds):
@@ -83,7 +85,7 @@ def compare_batches(lumnis, folder, count):
         pathlib.Path(decks[-1]).write_text(DECK.replace("start", f"c{i}"))
 
     def run_each():
-        return sum(run([lumnis, "encode", deck]) for deck in decks)
+        return tuple(map(sum, zip(*(run([lumnis, "encode", deck]) for deck in decks))))
 
     compare(f"{count} small decks", {
         "lumnis encode -j 2": lambda: run([lumnis, "encode", "-j", "2", *decks]),
