@@ -3,7 +3,8 @@
 //
 // Ordinary inputs of a road give the median cost per byte. Each candidate, built for one construct
 // and filled up to SIZE bytes (65536 if not told), is set in relation to it; whether it is accepted
-// or refused does not matter. With LIMIT, a ratio above it ends the program with status 1.
+// or refused does not matter. The peak of the heap comes with it. With LIMIT, a ratio above it ends
+// the program with status 1.
 #include <time.h>
 
 #include <algorithm>
@@ -20,6 +21,7 @@
 #include "DumpPrinter.h"
 #include "DumpReader.h"
 #include "FwSettingsText.h"
+#include "HeapCounter.h"
 #include "WorstInputs.h"
 #include "lumnisutil.h"
 
@@ -48,8 +50,21 @@ double cost(const Road& theRoad, const std::string& theInput) {
     return 1e9 * least / static_cast<double>(theInput.size());
 }
 
+// Of theRoad at its highest, in bytes a byte.
+double heapPeak(const Road& theRoad, const std::string& theInput) {
+    std::pair<const Road&, const std::string&> call(theRoad, theInput);
+    const HeapUse use = measureHeap(
+        [](void* theCall) {
+            const auto& [road, input] = *static_cast<decltype(call)*>(theCall);
+            road(input);
+        },
+        &call);
+    return static_cast<double>(use.peakBytes) / static_cast<double>(theInput.size());
+}
+
 struct Ratio {
     double value;
+    double heap;
     std::string name;
 };
 
@@ -64,7 +79,8 @@ std::vector<Ratio> measure(const Road& theRoad, const std::vector<WorstInput>& t
     theMedian = ordinary[ordinary.size() / 2];
     std::vector<Ratio> ratios;
     for (const WorstInput& input : theCandidates) {
-        ratios.push_back({cost(theRoad, input.text) / theMedian, input.name});
+        ratios.push_back(
+            {cost(theRoad, input.text) / theMedian, heapPeak(theRoad, input.text), input.name});
     }
     return ratios;
 }
@@ -77,6 +93,10 @@ double report(const char* theRoad, double theMedian, std::vector<Ratio> theRatio
     for (std::size_t i = 0; i < theRatios.size() && (i < 4 || theRatios[i].value > 10); ++i) {
         std::printf("%8.1f  %s\n", theRatios[i].value, theRatios[i].name.c_str());
     }
+    const Ratio& heap =
+        *std::max_element(theRatios.begin(), theRatios.end(),
+                          [](const Ratio& a, const Ratio& b) { return a.heap < b.heap; });
+    std::printf("%8.1f  heap bytes a byte: %s\n", heap.heap, heap.name.c_str());
     std::fflush(stdout);
     return theRatios.front().value;
 }
@@ -141,7 +161,8 @@ double reportConversions(const char* theRoad, int theDirection, std::size_t theS
         };
         for (Ratio& ratio : measure(convert, ordinaryTexts(theSize), worstTexts(theSize),
                                     medians.emplace_back())) {
-            all.push_back({ratio.value, ratio.name + ", charset " + std::to_string(page.charset)});
+            all.push_back({ratio.value, ratio.heap,
+                           ratio.name + ", charset " + std::to_string(page.charset)});
         }
     }
     std::sort(medians.begin(), medians.end());

@@ -129,7 +129,8 @@ TEST(Allocation, mayFailAtEveryNumber) {
         long number = 1;
         for (; failsAt(sample, number, &good); ++number) {
             EXPECT_EQ(test::blocksInUse(), inUse) << sample.name << ", leak at " << number;
-            EXPECT_EQ(sample.call(sample.source, nullptr), good) << sample.name << ", after " << number;
+            EXPECT_EQ(sample.call(sample.source, nullptr), good)
+                << sample.name << ", after " << number;
             if (HasFailure()) {
                 break;
             }

@@ -95,9 +95,9 @@ void checkSource(ExportCall theCall, const std::string& theSource) {
 TEST(Damage, ofDecks) {
     testing::internal::CaptureStdout();
     for (const std::string& deck : theDecks) {
-        forAllDamages(
-            deck, std::string_view("\0<>&\"$ ;\xFF", 9),
-            [](const std::string& theSource) { checkSource(test::callEncode, theSource); });
+        forAllDamages(deck, std::string_view("\0<\"$\xFF", 5), [](const std::string& theSource) {
+            checkSource(test::callEncode, theSource);
+        });
     }
     // An empty deck alone cannot be converted.
     const std::string text = "There was no input character data to process.\n";
@@ -107,7 +107,7 @@ TEST(Damage, ofDecks) {
 TEST(Damage, ofScripts) {
     for (const std::string& script : theScripts) {
         forAllDamages(
-            script, std::string_view("\0;({}\"'1\n\xFF", 10),
+            script, std::string_view("\0;(\"\n\xFF", 6),
             [](const std::string& theSource) { checkSource(test::callCompile, theSource); });
     }
 }
