@@ -11,6 +11,8 @@
 
 #include "ByteCodeCheck.h"
 #include "CpsString.h"
+#include "DumpPrinter.h"
+#include "DumpReader.h"
 #include "WscWmlScriptCompiler.h"
 #include "lumnisutil.h"
 
@@ -56,6 +58,18 @@ void checkMessage(std::string_view theMessage, std::string_view theSource) {
             "a message follows the line");
     require(line >= 1 && line <= 1 + std::count(theSource.begin(), theSource.end(), '\n'),
             "the line of a message exists");
+}
+
+// The dump knows the file for what it is, and its pieces cover it.
+void checkReadBack(std::string_view theFile) {
+    const DumpListing listing = readDump(theFile, std::nullopt);
+    require(!listing.fault && listing.format == DumpFormat::script, "dump reads the file back");
+    std::size_t covered = 0;
+    for (const DumpPiece& piece : listing.pieces) {
+        require(piece.offset == covered, "the pieces of the dump follow each other");
+        covered += piece.length;
+    }
+    require(covered == theFile.size(), "the pieces of the dump cover the file");
 }
 
 Outcome compile(WscWmlScriptCompiler& theCompiler, std::string_view theSource) {
@@ -147,6 +161,9 @@ void checkScript(std::string_view theSource, unsigned theOptions) {
     WscWmlScriptCompiler compiler;
     const Outcome outcome = compile(compiler, theSource);
     checkExport(theSource, outcome);
+    if (outcome.hasCompiled && theSource.find('\0') == std::string_view::npos) {
+        checkReadBack(outcome.text);
+    }
 
     compiler.setOptimizeMode(false);
     const Outcome unoptimized = compile(compiler, theSource);

@@ -26,6 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* theData, std::size_t t
 
     lumnis::FwSettingsText settings;
     const std::size_t line = settings.parse(text);
+    lumnis::FwSettingsText twin;
+    require(twin.parse(text) == line);
     const auto* section = settings.findKey(key);
     if (line != 0) {
         // The line is there, and a refused text has nothing.
@@ -35,6 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* theData, std::size_t t
     }
     const std::string* value = section != nullptr ? settings.findValue(*section, name) : nullptr;
     if (value != nullptr) {
+        require(*twin.findValue(*twin.findKey(key), name) == *value);
         require(text.find(*value) != std::string_view::npos);
         // A later line holds, and a section may be continued.
         std::string more(text);

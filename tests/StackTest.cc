@@ -1,29 +1,26 @@
-// Nested scripts on a small stack: the deepest source of each construct that the parser's 10000
-// entries take, and the first that it refuses. Whatever walks the tree must not need stack in
-// proportion to it.
+// Nested input on a small stack: scripts, decks and compiled decks.
+//
+// Of scripts the deepest source of each construct that the parser's 10000 entries take, and the
+// first that it refuses. Whatever walks the tree must not need stack in proportion to it.
 //
 // The entries of the parser's stack that are in use at the innermost point, of 9999 at most (with
 // the 10000th the stack is full): the start state, "function" "f" "(" ")" "{", a parameter list
 // between the parentheses where there is one, the keyword of the statement, `entries` for each
 // level, and what stands innermost.
 #include <gtest/gtest.h>
-#include <pthread.h>
 
-#include <functional>
 #include <ostream>
 #include <streambuf>
 #include <string>
 
+#include "DumpPrinter.h"
+#include "DumpReader.h"
+#include "ExportCalls.h"
+#include "SmallStack.h"
 #include "WscWmlScriptCompiler.h"
 
 namespace lumnis {
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__) || !defined(NDEBUG)
-constexpr std::size_t theStackSize = 8u << 20;
-#else
-constexpr std::size_t theStackSize = 1u << 20;
-#endif
 
 // Counts what it takes and keeps nothing.
 class DiscardBuffer : public std::streambuf {
@@ -44,20 +41,7 @@ class DiscardBuffer : public std::streambuf {
     std::size_t countM = 0;
 };
 
-void onSmallStack(const std::function<void()>& theWork) {
-    pthread_attr_t attributes;
-    ASSERT_EQ(pthread_attr_init(&attributes), 0);
-    ASSERT_EQ(pthread_attr_setstacksize(&attributes, theStackSize), 0);
-    pthread_t thread;
-    const auto run = [](void* theArgument) -> void* {
-        (*static_cast<const std::function<void()>*>(theArgument))();
-        return nullptr;
-    };
-    void* argument = const_cast<void*>(static_cast<const void*>(&theWork));
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, argument), 0);
-    ASSERT_EQ(pthread_join(thread, nullptr), 0);
-    pthread_attr_destroy(&attributes);
-}
+using test::onSmallStack;
 
 // The message without its line, or "" for a script that compiles, whose tree of at least theDepth
 // levels is dumped as well: a line for each, one blank longer than the line above.
@@ -210,6 +194,109 @@ TEST(Faults, InTheInnermostLevel) {
     EXPECT_EQ(compile("function f() { return " + std::string(9000, '(')), "parse error");
     EXPECT_EQ(compile("function f() { return " + std::string(9000, '(') + "@"),
               "Error in lexical stage. Unknown character: @");
+}
+
+// Text theCount times, each @ in it the number of the repetition.
+std::string repeated(std::string_view theText, int theCount) {
+    std::string result;
+    for (int i = 0; i < theCount; ++i) {
+        for (const char byte : theText) {
+            result += byte == '@' ? std::to_string(i) : std::string(1, byte);
+        }
+    }
+    return result;
+}
+
+// What has no nesting in the tree, of any number.
+TEST(Lists, OfDeclarations) {
+    EXPECT_EQ(compile(repeated("use meta name \"@\" \"\";", 20000) + "function f() {}"), "");
+    EXPECT_EQ(compile(repeated("use url u@ \"\";", 20000) + "function f() {}"), "");
+    EXPECT_EQ(compile(repeated("function f@() {}", 20000)),
+              "Semantic Error: Number of functions too many (>255)");
+    EXPECT_EQ(compile("function f(a" + repeated(",a@", 20000) + ") {}"),
+              "Semantic error: Number of formal parameters in function \"f\" too many (>255)");
+}
+
+// theDeclarations in a document whose root element may have anything in it.
+std::string declaring(const std::string& theDeclarations, const std::string& theContent = {}) {
+    return "<!DOCTYPE wml [<!ELEMENT wml ANY>" + theDeclarations + "]><wml>" + theContent +
+           "</wml>";
+}
+
+constexpr const char* theOverflow = "parser stack overflow  (before or at line: 1)\n";
+
+// Of what the parser's stack bounds, the deepest and the first that it refuses; of the others any
+// number.
+TEST(Decks, OfEveryConstruct) {
+    const auto elements = [](int theCount) {
+        return "<wml><card><p>" + repeated("<b>", theCount - 3) + repeated("</b>", theCount - 3) +
+               "</p></card></wml>";
+    };
+    const auto groups = [](int theCount) {
+        return declaring("<!ELEMENT a " + repeated("(", theCount) + "b" + repeated(")", theCount) +
+                         ">");
+    };
+    const auto laterGroups = [](int theCount) {
+        return declaring("<!ELEMENT a " + repeated("(b@,", theCount) + "b" +
+                         repeated(")", theCount) + ">");
+    };
+    const auto entities = [](int theCount) {
+        std::string chain = "<!ENTITY e0 'x'>";
+        for (int i = 1; i <= theCount; ++i) {
+            chain += "<!ENTITY e" + std::to_string(i) + " '&e" + std::to_string(i - 1) + ";'>";
+        }
+        return declaring(chain, "&e" + std::to_string(theCount) + ";");
+    };
+    const std::pair<std::string, const char*> rows[] = {
+        {elements(1428), ""},
+        {elements(1429), theOverflow},
+        {elements(100000), theOverflow},
+        {groups(3326), ""},
+        {groups(3327), theOverflow},
+        {groups(100000), theOverflow},
+        {laterGroups(2494), ""},
+        {laterGroups(2495), theOverflow},
+        {entities(9988), ""},
+        {entities(9989), theOverflow},
+        {declaring("<!ELEMENT a (b" + repeated(",b@", 20000) + ")>"), ""},
+        {declaring("<!ELEMENT a (#PCDATA" + repeated("|b@", 20000) + ")*>"), ""},
+        {declaring("<!ATTLIST wml" + repeated(" a@ CDATA 'x'", 20000) + ">"), ""},
+        {declaring("<!ATTLIST wml a (b" + repeated("|b@", 20000) + ") 'b'>"), ""},
+        {"<wml" + repeated(" a@='x'", 20000) + "/>", ""},
+        {"<wml>" + repeated("<p a@='x'>t</p>", 20000) + "</wml>", ""},
+    };
+    for (const auto& [source, text] : rows) {
+        test::ExportResult result;
+        onSmallStack([&] { result = test::callEncode(source); });
+        EXPECT_EQ(result.text, text) << source.substr(0, 100) << source.size();
+    }
+}
+
+// Nesting in the compiled form has no limit but the file's. A frame of 60 bytes a level would
+// be more than the stack.
+TEST(Dump, OfNestedElements) {
+    const std::string head("\x01\x04\x6A\x02x\0", 6);
+    const std::pair<std::string, bool> rows[] = {
+        {head + std::string(20000, '\x60') + std::string(20000, '\x01'), true},
+        {head + repeated(std::string_view("\x44\0", 2), 20000) + std::string(20000, '\x01'), true},
+        // With an attribute each, whose value has a variable in it.
+        {head + repeated(std::string_view("\xE0\x11\x80\0\x03v\0\x01", 8), 20000) +
+             std::string(20000, '\x01'),
+         true},
+        {head + std::string(20000, '\x60'), false},
+    };
+    for (const auto& [file, isWhole] : rows) {
+        onSmallStack([&file, isWhole] {
+            const DumpListing listing = readDump(file, DumpFormat::wbxml);
+            EXPECT_EQ(!listing.fault.has_value(), isWhole)
+                << (listing.fault ? listing.fault->message : "");
+            EXPECT_GT(printDumpText(listing, file).size(), file.size());
+            EXPECT_GT(printDumpJson(listing, file).size(), file.size());
+            if (isWhole) {
+                EXPECT_GT(printDumpXml(listing).size(), 20000u);
+            }
+        });
+    }
 }
 
 }  // namespace

@@ -1,0 +1,17 @@
+// A heap that fails on demand and counts what is in use: replaces operator new and delete in the
+// program that it is linked into, and what the project's own code calls as malloc.
+#pragma once
+
+namespace lumnis::test {
+
+// The allocation of that number, from 1, of this thread from now on fails.
+void failAllocation(long theNumber);
+// None fails from now on.
+void endFailures();
+// Whether one has failed since the last failAllocation.
+bool hasAllocationFailed();
+
+// Blocks from operator new that have not been released, of all threads.
+long blocksInUse();
+
+}  // namespace lumnis::test
