@@ -61,11 +61,10 @@ std::optional<CliDiagnostic> loadDtd(const std::string& thePath, DocumentChecker
     return std::nullopt;
 }
 
-CliExit reportDtd(const CliDiagnostic& theDiagnostic, CliExit theExit) {
-    writeDescriptor(
-        STDERR_FILENO,
-        formatDiagnostic(theDiagnostic, CliErrorFormat::gcc, isColourWanted(STDERR_FILENO)),
-        "standard error");
+CliExit reportDtd(const CliDiagnostic& theDiagnostic, CliErrorFormat theFormat, CliExit theExit) {
+    writeDescriptor(STDERR_FILENO,
+                    formatDiagnostic(theDiagnostic, theFormat, isColourWanted(STDERR_FILENO)),
+                    "standard error");
     return theExit;
 }
 
@@ -94,6 +93,7 @@ void CheckCommand::addTo(CLI::App& theApp) {
     verb->add_flag("--events", hasEventsM,
                    "Print what the parser finds, an event a line, up to the first\n"
                    "error");
+    addQuietOption(*verb, batchM);
 }
 
 CliExit CheckCommand::run() const {
@@ -106,13 +106,14 @@ CliExit CheckCommand::run() const {
     if (!dtdM.empty()) {
         try {
             if (const auto fault = loadDtd(dtdM, checker)) {
-                return reportDtd(*fault, CliExit::refused);
+                return reportDtd(*fault, errorForm(batchM), CliExit::refused);
             }
         } catch (const CliFileError& error) {
-            return reportDtd({error.getPath(), 0, error.what(), {}, {}}, CliExit::failed);
+            return reportDtd({error.getPath(), 0, error.what(), {}, {}}, errorForm(batchM),
+                             CliExit::failed);
         } catch (const std::exception& error) {
             return reportDtd({inputName(dtdM), 0, describeException(error), {}, {}},
-                             CliExit::refused);
+                             errorForm(batchM), CliExit::refused);
         }
     }
     // One at a time: the checker holds the DTD for all.

@@ -16,6 +16,7 @@
 #include "CliOutput.h"
 #include "CliProgress.h"
 #include "CliText.h"
+#include "CliWatcher.h"
 
 namespace lumnis {
 
@@ -226,7 +227,7 @@ void Batch::report(const CliDiagnostic& theDiagnostic, CliExit theExit) {
     progressM.clear();
     try {
         writeDescriptor(STDERR_FILENO,
-                        formatDiagnostic(theDiagnostic, optionsM.errorFormat, isColouredM),
+                        formatDiagnostic(theDiagnostic, errorForm(optionsM), isColouredM),
                         "standard error");
     } catch (const CliFileError&) {
         exitM = CliExit::failed;  // there is no other place to tell it
@@ -237,7 +238,71 @@ void Batch::reportFile(const CliFileError& theError) {
     report({theError.getPath(), 0, theError.what(), {}, {}}, CliExit::failed);
 }
 
+// The inputs that have changed. A listing is about all of them, so with one all are worked on.
+CliBatchOptions changedPart(const CliBatchOptions& theOptions,
+                            const std::vector<std::size_t>& theChanged) {
+    CliBatchOptions part = theOptions;
+    const bool hasSideOutput =
+        std::any_of(theOptions.sideOutputs.begin(), theOptions.sideOutputs.end(),
+                    [](const CliSideOutput& theSide) { return !theSide.path.empty(); });
+    if (!hasSideOutput) {
+        part.inputs.clear();
+        for (const std::size_t place : theChanged) {
+            part.inputs.push_back(theOptions.inputs[place]);
+        }
+    }
+    return part;
+}
+
+// Lines for people, and for editors, which take what stands between them as the news.
+void tellOfWatch(const std::string& theText) {
+    writeDescriptor(STDERR_FILENO, "lumnis: " + theText + "\n", "standard error");
+}
+
+CliExit watchBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWork) {
+    if (std::count(theOptions.inputs.begin(), theOptions.inputs.end(), "-") > 0) {
+        throw CliUsageError("--watch: standard input cannot be watched; name the file");
+    }
+    const std::size_t count = theOptions.inputs.size();
+    const std::string waiting =
+        "watching " + std::to_string(count) + (count == 1 ? " file" : " files") + ", Ctrl-C ends";
+    try {
+        CliWatcher watcher(theOptions.inputs);  // first, so that no change is missed
+        Batch first(theOptions, theWork);       // wrong usage ends here
+        tellOfWatch("building");
+        first.run();
+        for (;;) {
+            tellOfWatch(waiting);
+            const std::vector<std::size_t> changed = watcher.wait();
+            if (changed.empty()) {
+                return CliExit::success;
+            }
+            tellOfWatch("building");
+            try {
+                const CliBatchOptions part = changedPart(theOptions, changed);
+                Batch(part, theWork).run();
+            } catch (const CliUsageError& error) {
+                // A link that was made since lets two names be one file.
+                tellOfWatch("error: " + std::string(error.what()));
+            }
+        }
+    } catch (const CliFileError& error) {
+        const CliDiagnostic diagnostic{error.getPath(), 0, error.what(), {}, {}};
+        writeDescriptor(
+            STDERR_FILENO,
+            formatDiagnostic(diagnostic, errorForm(theOptions), isColourWanted(STDERR_FILENO)),
+            "standard error");
+        return CliExit::failed;
+    }
+}
+
 }  // namespace
+
+CliErrorFormat errorForm(const CliBatchOptions& theOptions) {
+    return theOptions.isQuiet && theOptions.errorFormat == CliErrorFormat::gcc
+               ? CliErrorFormat::plain
+               : theOptions.errorFormat;
+}
 
 bool isStandardOutput(const std::string& thePath) {
     return thePath == "-" || namedDescriptor(thePath) == STDOUT_FILENO;
@@ -271,7 +336,8 @@ std::string describeException(const std::exception& theError) {
 }
 
 CliExit runBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWork) {
-    return Batch(theOptions, theWork).run();
+    return theOptions.isWatching ? watchBatch(theOptions, theWork)
+                                 : Batch(theOptions, theWork).run();
 }
 
 }  // namespace lumnis

@@ -27,7 +27,13 @@ struct CliBatchOptions {
     std::vector<CliSideOutput> sideOutputs;
     std::size_t jobs = 1;  // how many inputs are worked on at once
     CliErrorFormat errorFormat = CliErrorFormat::gcc;
+    // After the first run, wait for the inputs to change and work on those again, until Ctrl-C.
+    bool isWatching = false;
+    bool isQuiet = false;  // of the form for editors the first line alone
 };
+
+// The form of messages that both settings ask for.
+CliErrorFormat errorForm(const CliBatchOptions& theOptions);
 
 // What has become of one input.
 struct CliBatchResult {
@@ -55,8 +61,9 @@ std::string productPath(const CliBatchOptions& theOptions, const std::string& th
 // What is told of an exception that is none of the input's faults.
 std::string describeException(const std::exception& theError);
 
-// The whole run. When a product goes to standard output, everything else that would go there goes
-// to standard error. Throws CliUsageError before anything is read or written.
+// The whole run, or with isWatching all of them. When a product goes to standard output, everything
+// else that would go there goes to standard error. Throws CliUsageError before anything is read or
+// written.
 CliExit runBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWork);
 
 }  // namespace lumnis

@@ -6,6 +6,7 @@
 
 #include "CcCharsetConverter.h"
 #include "CliError.h"
+#include "CliSuggestion.h"
 #include "CliText.h"
 #include "HedCharsetMap.h"
 
@@ -44,17 +45,30 @@ HedCharsetId numberOf(std::string_view theName) {
     return numberOfName(theName);
 }
 
+bool isConvertible(HedCharsetId theNumber, CliCharsetUse theUse) {
+    return theUse == CliCharsetUse::input ? CcCharsetConverter::canConvertToUtf8(theNumber)
+                                          : CcCharsetConverter::canConvertFromUtf8(theNumber);
+}
+
 }  // namespace
+
+std::vector<std::string_view> charsetNames(CliCharsetUse theUse) {
+    std::vector<std::string_view> result;
+    for (const HedNameRow& row : HedCharsetMap::instance().names()) {
+        if (isConvertible(row.number, theUse)) {
+            result.push_back(row.name);
+        }
+    }
+    return result;
+}
 
 HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
                            CliCharsetUse theUse) {
     const HedCharsetId number = numberOf(theName);
-    const bool isConvertible = theUse == CliCharsetUse::input
-                                   ? CcCharsetConverter::canConvertToUtf8(number)
-                                   : CcCharsetConverter::canConvertFromUtf8(number);
-    if (!isConvertible) {
+    if (!isConvertible(number, theUse)) {
         throw CliUsageError(std::string(theOption) + ": charset \"" + visibleText(theName) +
-                            "\" is not supported (\"lumnis charsets\" lists those that are)");
+                            "\" is not supported (\"lumnis charsets\" lists those that are)" +
+                            suggestion(theName, charsetNames(theUse)));
     }
     return number;
 }

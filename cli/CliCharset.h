@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "CpsString.h"
 #include "HedCharsetId.h"
@@ -17,6 +18,10 @@ enum class CliCharsetUse { input, output };
 // message. Throws CliUsageError when there is no such charset or it cannot be converted.
 HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
                            CliCharsetUse theUse);
+
+// All names, numbers aside, that charsetByName takes for theUse, in the order of the table. The
+// texts are those of the table.
+std::vector<std::string_view> charsetNames(CliCharsetUse theUse);
 
 // The number of a charset that a source names in itself, if a text in it can be converted whose
 // name is readable as ASCII.

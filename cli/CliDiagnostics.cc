@@ -2,10 +2,13 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <cstdlib>
 #include <utility>
 
+#include "CliMessages.h"
 #include "CliText.h"
 
 namespace lumnis {
@@ -14,19 +17,82 @@ namespace {
 
 // Of a source that stands on one line nobody wants to see more on a terminal.
 constexpr std::size_t theLongestShownLine = 240;
+// Of a longer line this much is shown in front of the marked place.
+constexpr std::size_t theShownBefore = 80;
 
-std::string shownLine(std::string_view theLine) {
-    if (theLine.size() <= theLongestShownLine) {
-        return visibleText(theLine);
+// The first byte of the character that thePosition is in.
+std::size_t characterStart(std::string_view theText, std::size_t thePosition) {
+    while (thePosition > 0 && thePosition < theText.size() &&
+           (static_cast<unsigned char>(theText[thePosition]) & 0xC0) == 0x80) {
+        --thePosition;
     }
-    std::size_t end = theLongestShownLine;
-    while (end > 0 && (static_cast<unsigned char>(theLine[end]) & 0xC0) == 0x80) {
-        --end;
-    }
-    return visibleText(theLine.substr(0, end)) + "...";
+    return thePosition;
 }
 
-std::string editorForm(const CliDiagnostic& theDiagnostic, bool isColoured) {
+// How many columns of a terminal theText, which is visible and has no tabs, takes: one a
+// character, two for the wide ones of East Asia, none for the common combining ones.
+std::size_t columnsOf(std::string_view theText) {
+    std::size_t columns = 0;
+    for (std::size_t i = 0; i < theText.size();) {
+        const std::size_t length = std::max<std::size_t>(1, utf8SequenceLength(theText, i));
+        std::uint32_t code = static_cast<unsigned char>(theText[i]) & (0xFFu >> (length + 1));
+        for (std::size_t k = 1; k < length; ++k) {
+            code = code << 6 | (static_cast<unsigned char>(theText[i + k]) & 0x3F);
+        }
+        const bool isCombining = length > 1 && code >= 0x300 && code <= 0x36F;
+        const bool isWide =
+            length > 2 &&
+            ((code >= 0x1100 && code <= 0x115F) || (code >= 0x2E80 && code <= 0xA4CF) ||
+             (code >= 0xAC00 && code <= 0xD7A3) || (code >= 0xF900 && code <= 0xFAFF) ||
+             (code >= 0xFE30 && code <= 0xFE6F) || (code >= 0xFF00 && code <= 0xFF60) ||
+             (code >= 0xFFE0 && code <= 0xFFE6) || (code >= 0x1F300 && code <= 0x1FAFF) ||
+             (code >= 0x20000 && code <= 0x3FFFD));
+        columns += isCombining ? 0 : isWide ? 2 : 1;
+        i += length;
+    }
+    return columns;
+}
+
+// Blanks as wide as theText; tabs stay tabs.
+std::string blankOf(std::string_view theText) {
+    std::string result;
+    for (std::size_t tab = theText.find('\t'); tab != std::string_view::npos;
+         tab = theText.find('\t')) {
+        result += std::string(columnsOf(theText.substr(0, tab)), ' ') + '\t';
+        theText.remove_prefix(tab + 1);
+    }
+    return result + std::string(columnsOf(theText), ' ');
+}
+
+// theLine, and a second line with a mark below thePlace of it if that has a length.
+std::string excerpt(std::string_view theLine, CliSpan thePlace, const char* theColour,
+                    const char* thePlain) {
+    constexpr const char* indent = "    ";
+    std::size_t begin = 0;
+    if (thePlace.begin + thePlace.length > theLongestShownLine) {
+        begin = characterStart(
+            theLine, thePlace.begin > theShownBefore ? thePlace.begin - theShownBefore : 0);
+    }
+    std::size_t end = theLine.size();
+    if (end - begin > theLongestShownLine) {
+        end = characterStart(theLine, begin + theLongestShownLine);
+    }
+    const std::string before = begin == 0 ? "" : "...";
+    std::string result = indent + before + visibleText(theLine.substr(begin, end - begin)) +
+                         (end < theLine.size() ? "..." : "") + "\n";
+    if (thePlace.length > 0) {
+        const std::size_t markEnd = std::min(thePlace.begin + thePlace.length, end);
+        const std::string marked =
+            visibleText(theLine.substr(thePlace.begin, markEnd - thePlace.begin));
+        result +=
+            indent + blankOf(before + visibleText(theLine.substr(begin, thePlace.begin - begin))) +
+            theColour + "^" + std::string(std::max<std::size_t>(1, columnsOf(marked)) - 1, '~') +
+            thePlain + "\n";
+    }
+    return result;
+}
+
+std::string editorForm(const CliDiagnostic& theDiagnostic, bool isColoured, bool isPlain) {
     const char* const bold = isColoured ? "\033[1m" : "";
     const char* const red = isColoured ? "\033[1;31m" : "";
     const char* const plain = isColoured ? "\033[0m" : "";
@@ -36,8 +102,12 @@ std::string editorForm(const CliDiagnostic& theDiagnostic, bool isColoured) {
     }
     std::string result = bold + place + plain + " " + red + "error:" + plain + " " + bold +
                          visibleText(theDiagnostic.message) + plain + "\n";
+    if (isPlain) {
+        return result;
+    }
     if (!theDiagnostic.sourceLine.empty()) {
-        result += "    " + shownLine(theDiagnostic.sourceLine) + "\n";
+        result += excerpt(theDiagnostic.sourceLine,
+                          markedPlace(theDiagnostic.message, theDiagnostic.sourceLine), red, plain);
     }
     if (!theDiagnostic.note.empty()) {
         result += bold + place + plain + " note: " + visibleText(theDiagnostic.note) + "\n";
@@ -105,7 +175,7 @@ std::string formatDiagnostic(const CliDiagnostic& theDiagnostic, CliErrorFormat 
     if (theFormat == CliErrorFormat::raw && !theDiagnostic.rawText.empty()) {
         return theDiagnostic.rawText;
     }
-    return editorForm(theDiagnostic, isColoured);
+    return editorForm(theDiagnostic, isColoured, theFormat == CliErrorFormat::plain);
 }
 
 bool isCapableTerminal(int theDescriptor) {

@@ -7,9 +7,10 @@
 namespace lumnis {
 
 enum class CliErrorFormat {
-    gcc,   // FILE:LINE: error: MESSAGE, with the source line below it: what editors understand
-    json,  // one object a line: file, line, message, source
-    raw,   // the library's own text; the first form where the library gives none
+    gcc,    // FILE:LINE: error: MESSAGE, with the source line below it: what editors understand
+    plain,  // the first line of that alone
+    json,   // one object a line: file, line, message, source
+    raw,    // the library's own text; the first form where the library gives none
 };
 
 // "gcc", "json" or "raw"; any other name gives gcc.

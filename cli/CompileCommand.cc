@@ -65,17 +65,7 @@ void CompileCommand::addTo(CLI::App& theApp) {
                      "- prints it once")
         ->option_text("PATH");
     verb->add_flag("--pragmas", hasPragmaReportM, "Print the meta pragmas, which no code carries");
-    verb->add_option("-j,--jobs", batchM.jobs,
-                     "Work on N scripts at once; everything that is written keeps\n"
-                     "the order of the arguments")
-        ->option_text("N")
-        ->check(CLI::Range(1, 1024));
-    verb->add_option("--error-format", errorFormatM,
-                     "gcc (FILE:LINE: error: MESSAGE, as editors expect it), json\n"
-                     "(an object a line: file, line, message, source) or raw (the\n"
-                     "library's own text); without it gcc")
-        ->option_text("FORM")
-        ->check(CLI::IsMember({"gcc", "json", "raw"}));
+    addBatchOptions(*verb, "scripts", batchM, errorFormatM);
 }
 
 CliExit CompileCommand::run() const {

@@ -50,7 +50,7 @@ void DumpCommand::addTo(CLI::App& theApp) {
         ->option_text("PATH");
     verb->add_option("--format", formatM, "wbxml or script; without it the content of FILE tells")
         ->option_text("FORMAT")
-        ->check(CLI::IsMember({"wbxml", "script"}));
+        ->check(oneOf({"wbxml", "script"}));
     CLI::Option* const xml = verb->add_flag(
         "--xml", isXmlM, "Write the markup alone, in UTF-8: a deck becomes WML again");
     verb->add_flag("--json", isJsonM, "Write one JSON object, for tools")->excludes(xml);

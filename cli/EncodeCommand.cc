@@ -9,6 +9,7 @@
 #include "CliDiagnostics.h"
 #include "CliError.h"
 #include "CliHelp.h"
+#include "CliSuggestion.h"
 #include "CliText.h"
 #include "CliXmlNotes.h"
 #include "CliXmlSource.h"
@@ -39,12 +40,12 @@ int mediaTypeByName(const std::string& theName) {
         return number;
     }
     std::string known;
-    for (const int each : theMediaTypes) {
-        known += (known.empty() ? "" : ", ") +
-                 std::string(HedMediaTypeMap::instance().getName(each).view());
+    for (const std::string_view each : EncodeCommand::mediaTypes()) {
+        known += (known.empty() ? "" : ", ") + std::string(each);
     }
     throw CliUsageError("--media-type: \"" + visibleText(theName) +
-                        "\" is not supported; those that are: " + known);
+                        "\" is not supported; those that are: " + known +
+                        suggestion(theName, EncodeCommand::mediaTypes()));
 }
 
 // The rule of the help text. theDocument is UTF-8.
@@ -97,6 +98,18 @@ CliBatchResult refusal(const std::string& theName, const WmlEncodeDriver& theDri
 
 }  // namespace
 
+std::vector<std::string_view> EncodeCommand::mediaTypes() {
+    std::vector<std::string_view> result;
+    for (const int number : theMediaTypes) {
+        for (const HedNameRow& row : HedMediaTypeMap::instance().numbers()) {
+            if (row.number == number) {
+                result.push_back(row.name);
+            }
+        }
+    }
+    return result;
+}
+
 void EncodeCommand::addTo(CLI::App& theApp) {
     CLI::App* const verb =
         theApp.add_subcommand("encode", "Encode WML decks and other XML to WBXML");
@@ -131,17 +144,7 @@ void EncodeCommand::addTo(CLI::App& theApp) {
                    "result carries: NAME: CONTENT, with FILE: in front of it if\n"
                    "there are several files; on standard error if the result goes\n"
                    "to standard output");
-    verb->add_option("-j,--jobs", batchM.jobs,
-                     "Work on N documents at once; everything that is written\n"
-                     "keeps the order of the arguments")
-        ->option_text("N")
-        ->check(CLI::Range(1, 1024));
-    verb->add_option("--error-format", errorFormatM,
-                     "gcc (FILE:LINE: error: MESSAGE, as editors expect it), json\n"
-                     "(an object a line: file, line, message, source) or raw (the\n"
-                     "library's own text); without it gcc")
-        ->option_text("FORM")
-        ->check(CLI::IsMember({"gcc", "json", "raw"}));
+    addBatchOptions(*verb, "documents", batchM, errorFormatM);
 }
 
 EncodeCommand::Settings EncodeCommand::settings() const {

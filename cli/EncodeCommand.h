@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "CliBatch.h"
 #include "CliExit.h"
@@ -22,6 +23,9 @@ class EncodeCommand {
     void addTo(CLI::App& theApp);
     // Throws CliUsageError before anything is read or written.
     CliExit run() const;
+
+    // Those that --media-type takes.
+    static std::vector<std::string_view> mediaTypes();
 
   private:
     // What the options mean. Nothing stands for a choice by file.

@@ -12,10 +12,13 @@
 #include "CliExit.h"
 #include "CliHelp.h"
 #include "CliOutput.h"
+#include "CliSuggestion.h"
 #include "CliText.h"
 #include "CompileCommand.h"
+#include "CompletionsCommand.h"
 #include "DumpCommand.h"
 #include "EncodeCommand.h"
+#include "ExplainCommand.h"
 
 namespace {
 
@@ -23,14 +26,33 @@ using lumnis::CliExit;
 
 constexpr char theExamples[] =
     "Examples:\n"
-    "  lumnis encode news.wml      encodes a deck to news.wmlc\n"
-    "  lumnis compile hello.wmls   compiles a script to hello.wmlsc\n"
-    "  lumnis check feed.xml       tells what is wrong with a document\n"
-    "  lumnis encode --help        tells all about it\n";
+    "  lumnis encode news.wml          encodes a deck to news.wmlc\n"
+    "  lumnis compile hello.wmls       compiles a script to hello.wmlsc\n"
+    "  lumnis compile --watch *.wmls   compiles again whenever one is saved\n"
+    "  lumnis check feed.xml           tells what is wrong with a document\n"
+    "  lumnis dump news.wmlc           shows what each byte means\n"
+    "  lumnis explain \"parse error\"    tells what a message means and how to repair it\n"
+    "  lumnis encode --help            tells all about one verb\n";
 
 int usageError(const std::string& theText) {
     std::fprintf(stderr, "lumnis: error: %s\n", theText.c_str());
     return static_cast<int>(CliExit::failed);
+}
+
+// theWord is what theApp does not know: an option, or at the top a verb.
+std::string suggestionFor(const std::string& theWord, const CLI::App& theApp) {
+    std::vector<std::string> names;
+    for (const CLI::App* const verb :
+         theApp.get_subcommands([](const CLI::App*) { return true; })) {
+        names.push_back(verb->get_name());
+    }
+    for (const CLI::Option* const option : theApp.get_options()) {
+        for (const std::string& name : option->get_lnames()) {
+            names.push_back("--" + name);
+        }
+    }
+    const std::string word = theWord.substr(0, theWord.find('='));
+    return lumnis::suggestion(word, {names.begin(), names.end()});
 }
 
 int run(int theCount, char** theArguments) {
@@ -49,6 +71,10 @@ int run(int theCount, char** theArguments) {
     charsets.addTo(app);
     lumnis::DumpCommand dump;
     dump.addTo(app);
+    lumnis::ExplainCommand explain;
+    explain.addTo(app);
+    lumnis::CompletionsCommand completions;
+    completions.addTo(app);
     try {
         app.parse(theCount, theArguments);
     } catch (const CLI::Success& answer) {
@@ -60,17 +86,24 @@ int run(int theCount, char** theArguments) {
         std::string text = error.what();
         if (app.get_subcommands().empty()) {
             const std::vector<std::string> rest = app.remaining();
-            text = rest.empty() ? "no verb given" : "unknown: " + lumnis::visibleText(rest.front());
+            text = rest.empty() ? "no verb given"
+                                : "unknown: " + lumnis::visibleText(rest.front()) +
+                                      suggestionFor(rest.front(), app);
+        } else if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
+            const std::vector<std::string> rest = app.remaining(true);
+            text += rest.empty() ? "" : suggestionFor(rest.front(), *app.get_subcommands().front());
         }
         text.erase(text.find_last_not_of('\n') + 1);
         return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
     }
     try {
-        const CliExit exit = app.got_subcommand("encode")    ? encode.run()
-                             : app.got_subcommand("compile") ? compile.run()
-                             : app.got_subcommand("check")   ? check.run()
-                             : app.got_subcommand("dump")    ? dump.run()
-                                                             : charsets.run();
+        const CliExit exit = app.got_subcommand("encode")     ? encode.run()
+                             : app.got_subcommand("compile")  ? compile.run()
+                             : app.got_subcommand("check")    ? check.run()
+                             : app.got_subcommand("dump")     ? dump.run()
+                             : app.got_subcommand("explain")  ? explain.run()
+                             : app.got_subcommand("charsets") ? charsets.run()
+                                                              : completions.run(app);
         return static_cast<int>(exit);
     } catch (const lumnis::CliUsageError& error) {
         return usageError(error.what());

@@ -21,5 +21,8 @@ function(lumnis_folder name)
   foreach(dependency IN LISTS ARG_DEPENDS)
     target_link_libraries(lumnis_${name} PUBLIC lumnis_${dependency})
   endforeach()
+  # A unique symbol stays public when the static library hides the others.
+  target_compile_options(lumnis_${name} PRIVATE
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
   lumnis_warnings(lumnis_${name})
 endfunction()

@@ -2,7 +2,7 @@
 # Installs what the build and the tests need and this Debian does not have yet. Asks nothing.
 set -eu
 
-packages="cmake ninja-build g++ clang bison re2c ccache libcli11-dev libgtest-dev libgmock-dev
+packages="cmake ninja-build make g++ clang bison re2c ccache libcli11-dev libgtest-dev libgmock-dev
 libbenchmark-dev liblua5.4-dev libmujs-dev duktape-dev libxml2-dev libexpat1-dev pkg-config"
 
 is_installed() {

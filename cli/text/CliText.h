@@ -6,6 +6,12 @@
 
 namespace lumnis {
 
+// ASCII capitals in small, whatever the locale; other bytes as they are.
+constexpr char asciiLower(char theLetter) {
+    return theLetter >= 'A' && theLetter <= 'Z' ? static_cast<char>(theLetter + ('a' - 'A'))
+                                                : theLetter;
+}
+
 // Length of the well-formed UTF-8 sequence at thePosition, 1 to 4; 0 when there is none.
 std::size_t utf8SequenceLength(std::string_view theText, std::size_t thePosition);
 

@@ -1,0 +1,210 @@
+#include "CliMessages.h"
+
+#include <algorithm>
+
+#include "CliMessageTables.h"
+#include "CliText.h"
+
+namespace lumnis {
+
+namespace {
+
+constexpr std::string_view theHole = "{}";
+
+std::vector<std::string_view> fixedParts(std::string_view theText) {
+    std::vector<std::string_view> parts;
+    for (std::size_t hole = theText.find(theHole); hole != std::string_view::npos;
+         hole = theText.find(theHole)) {
+        parts.push_back(theText.substr(0, hole));
+        theText.remove_prefix(hole + theHole.size());
+    }
+    parts.push_back(theText);
+    return parts;
+}
+
+std::size_t fixedLength(const CliMessageRow& theRow) {
+    std::size_t length = 0;
+    for (const std::string_view part : fixedParts(theRow.text)) {
+        length += part.size();
+    }
+    return length;
+}
+
+bool containsWithoutCase(std::string_view theText, std::string_view thePart) {
+    return std::search(theText.begin(), theText.end(), thePart.begin(), thePart.end(),
+                       [](char theLeft, char theRight) {
+                           return asciiLower(theLeft) == asciiLower(theRight);
+                       }) != theText.end();
+}
+
+bool isWordByte(char theByte) {
+    const auto byte = static_cast<unsigned char>(theByte);
+    return byte >= 0x80 || (byte >= '0' && byte <= '9') ||
+           (asciiLower(theByte) >= 'a' && asciiLower(theByte) <= 'z') || byte == '_';
+}
+
+// Where theWord stands in theLine as a whole word; npos unless it does so exactly once.
+std::size_t onlyPlace(std::string_view theLine, std::string_view theWord) {
+    std::size_t only = std::string_view::npos;
+    for (std::size_t at = theLine.find(theWord); at != std::string_view::npos;
+         at = theLine.find(theWord, at + 1)) {
+        const std::size_t end = at + theWord.size();
+        const bool goesOnLeft =
+            at > 0 && isWordByte(theWord.front()) && isWordByte(theLine[at - 1]);
+        const bool goesOnRight =
+            end < theLine.size() && isWordByte(theWord.back()) && isWordByte(theLine[end]);
+        if (goesOnLeft || goesOnRight) {
+            continue;
+        }
+        if (only != std::string_view::npos) {
+            return std::string_view::npos;
+        }
+        only = at;
+    }
+    return only;
+}
+
+// The lines of a name may go on: the first is what stands in the source line.
+std::string_view firstLine(std::string_view theText) {
+    return theText.substr(0, theText.find_first_of("\r\n"));
+}
+
+// The names in theMessage, by the row that has most fixed text in common with it.
+std::vector<std::string_view> namesOf(std::string_view theMessage) {
+    std::vector<std::string_view> names;
+    std::size_t best = 0;
+    for (const CliMessageRow& row : messageRows()) {
+        std::vector<std::string_view> found;
+        const std::size_t length = fixedLength(row);
+        if (length > best && matchesMessage(row, theMessage, false, &found)) {
+            best = length;
+            names = std::move(found);
+        }
+    }
+    return names;
+}
+
+// Of a name that the message shows as an end tag, the end tag in theLine.
+CliSpan markedEndTag(std::string_view theMessage, const std::vector<std::string_view>& theNames,
+                     std::string_view theLine) {
+    for (const std::string_view name : theNames) {
+        const auto at = static_cast<std::size_t>(name.data() - theMessage.data());
+        if (theMessage.substr(0, at).ends_with("</")) {
+            const std::string tag = "</" + std::string(name);
+            const std::size_t place = onlyPlace(theLine, tag);
+            return place == std::string_view::npos ? CliSpan{} : CliSpan{place, tag.size()};
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+std::span<const CliMessageRow> messageRows() {
+    static const std::vector<CliMessageRow> rows = [] {
+        std::vector<CliMessageRow> result;
+        for (const auto& table : {scriptMessages(), deckMessages(), xmlMessages(),
+                                  charsetMessages(), dumpMessages(), toolMessages()}) {
+            result.insert(result.end(), table.begin(), table.end());
+        }
+        return result;
+    }();
+    return rows;
+}
+
+std::string_view roadName(CliMessageRoad theRoad) {
+    switch (theRoad) {
+        case CliMessageRoad::script:
+            return "Scripts";
+        case CliMessageRoad::deck:
+            return "Decks";
+        case CliMessageRoad::xml:
+            return "XML documents, decks among them";
+        case CliMessageRoad::charset:
+            return "Charsets";
+        case CliMessageRoad::dump:
+            return "Files that are dumped";
+        case CliMessageRoad::tool:
+            break;
+    }
+    return "The command line";
+}
+
+bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool isPart,
+                    std::vector<std::string_view>* theNames) {
+    const std::vector<std::string_view> parts = fixedParts(theRow.text);
+    std::size_t at = isPart ? theText.find(parts.front()) : 0;
+    if (at == std::string_view::npos || !theText.substr(at).starts_with(parts.front())) {
+        return false;
+    }
+    at += parts.front().size();
+    for (std::size_t i = 1; i < parts.size(); ++i) {
+        // The last part is the end of the message.
+        const std::size_t next =
+            i + 1 < parts.size() || isPart ? theText.find(parts[i], at)
+            : theText.size() >= at + parts[i].size() && theText.ends_with(parts[i])
+                ? theText.size() - parts[i].size()
+                : std::string_view::npos;
+        if (next == std::string_view::npos) {
+            return false;
+        }
+        if (theNames != nullptr) {
+            theNames->push_back(theText.substr(at, next - at));
+        }
+        at = next + parts[i].size();
+    }
+    return isPart || at == theText.size();
+}
+
+std::vector<const CliMessageRow*> findMessages(std::string_view theText) {
+    std::vector<const CliMessageRow*> found;
+    std::size_t best = 1;
+    for (const bool isPart : {false, true}) {
+        for (const CliMessageRow& row : messageRows()) {
+            const std::size_t length = fixedLength(row);
+            if (length >= best && matchesMessage(row, theText, isPart)) {
+                if (length > best) {
+                    found.clear();
+                    best = length;
+                }
+                if (std::find(found.begin(), found.end(), &row) == found.end()) {
+                    found.push_back(&row);
+                }
+            }
+        }
+    }
+    if (found.empty() && !theText.empty()) {
+        for (const CliMessageRow& row : messageRows()) {
+            if (containsWithoutCase(row.text, theText)) {
+                found.push_back(&row);
+            }
+        }
+    }
+    return found;
+}
+
+CliSpan markedPlace(std::string_view theMessage, std::string_view theSourceLine) {
+    // A message may frame another one.
+    constexpr int theDeepestFrame = 3;
+    for (int depth = 0; depth < theDeepestFrame; ++depth) {
+        const std::vector<std::string_view> names = namesOf(theMessage);
+        if (const CliSpan tag = markedEndTag(theMessage, names, theSourceLine); tag.length > 0) {
+            return tag;
+        }
+        for (const std::string_view name : names) {
+            const std::string_view word = firstLine(name);
+            const std::size_t at =
+                word.empty() ? std::string_view::npos : onlyPlace(theSourceLine, word);
+            if (at != std::string_view::npos) {
+                return {at, word.size()};
+            }
+        }
+        if (names.empty()) {
+            break;
+        }
+        theMessage = names.back();
+    }
+    return {};
+}
+
+}  // namespace lumnis

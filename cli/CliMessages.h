@@ -1,0 +1,59 @@
+// All messages that users can meet, and what each means: the table behind "lumnis explain", behind
+// the page docs/messages.md and behind the mark below a source line. A test holds it complete.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace lumnis {
+
+// Where a message comes from, which is also what its example is run with.
+enum class CliMessageRoad {
+    script,   // lumnis compile, WMLSCompile
+    deck,     // lumnis encode, WMLEncode
+    xml,      // the parser, beneath lumnis encode and lumnis check; the example is for check
+    charset,  // all that converts
+    dump,     // lumnis dump
+    tool,     // the command line itself
+};
+
+struct CliMessageRow {
+    CliMessageRoad road;
+    std::string_view text;     // {} stands for a name or a number
+    std::string_view meaning;  // what it says about the source
+    std::string_view cause;    // what its author did
+    // A source that gives it and one that does not, the same but for that. Lines that begin with
+    // "$ " are commands of a shell instead. Empty where nothing that an author writes gives it.
+    std::string_view broken;
+    std::string_view repaired;
+};
+
+// By road and then as they stand in the tables.
+std::span<const CliMessageRow> messageRows();
+
+// "Scripts" and the like: a heading.
+std::string_view roadName(CliMessageRoad theRoad);
+
+// A place in a text.
+struct CliSpan {
+    std::size_t begin = 0;
+    std::size_t length = 0;
+};
+
+// Whether theText is theRow's message with names in it, and the names; to be found anywhere in
+// theText if isPart.
+bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool isPart,
+                    std::vector<std::string_view>* theNames = nullptr);
+
+// The rows that explain theText: those whose fixed parts stand in it, of these the ones that have
+// most in common with it; if there are none, those that theText is a part of, in any letter case.
+std::vector<const CliMessageRow*> findMessages(std::string_view theText);
+
+// What theMessage speaks of in theSourceLine: the first of its names that stands there exactly
+// once, as a whole word. Length 0 if there is none.
+CliSpan markedPlace(std::string_view theMessage, std::string_view theSourceLine);
+
+}  // namespace lumnis
