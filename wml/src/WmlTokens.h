@@ -32,16 +32,46 @@ struct WmlAttrValueToken {
 inline constexpr unsigned theWtaCodePage = 1;
 
 // Tags, code page 0.
+// clang-format off
 inline constexpr std::array theWmlTagTokens = std::to_array<WmlTagToken>({
-    {0x1B, "pre"},      {0x1C, "a"},         {0x1D, "td"},      {0x1E, "tr"},     {0x1F, "table"},
-    {0x20, "p"},        {0x21, "postfield"}, {0x22, "anchor"},  {0x23, "access"}, {0x24, "b"},
-    {0x25, "big"},      {0x26, "br"},        {0x27, "card"},    {0x28, "do"},     {0x29, "em"},
-    {0x2A, "fieldset"}, {0x2B, "go"},        {0x2C, "head"},    {0x2D, "i"},      {0x2E, "img"},
-    {0x2F, "input"},    {0x30, "meta"},      {0x31, "noop"},    {0x32, "prev"},   {0x33, "onevent"},
-    {0x34, "optgroup"}, {0x35, "option"},    {0x36, "refresh"}, {0x37, "select"}, {0x38, "small"},
-    {0x39, "strong"},   {0x3B, "template"},  {0x3C, "timer"},   {0x3D, "u"},      {0x3E, "setvar"},
+    {0x1B, "pre"},
+    {0x1C, "a"},
+    {0x1D, "td"},
+    {0x1E, "tr"},
+    {0x1F, "table"},
+    {0x20, "p"},
+    {0x21, "postfield"},
+    {0x22, "anchor"},
+    {0x23, "access"},
+    {0x24, "b"},
+    {0x25, "big"},
+    {0x26, "br"},
+    {0x27, "card"},
+    {0x28, "do"},
+    {0x29, "em"},
+    {0x2A, "fieldset"},
+    {0x2B, "go"},
+    {0x2C, "head"},
+    {0x2D, "i"},
+    {0x2E, "img"},
+    {0x2F, "input"},
+    {0x30, "meta"},
+    {0x31, "noop"},
+    {0x32, "prev"},
+    {0x33, "onevent"},
+    {0x34, "optgroup"},
+    {0x35, "option"},
+    {0x36, "refresh"},
+    {0x37, "select"},
+    {0x38, "small"},
+    {0x39, "strong"},
+    {0x3B, "template"},
+    {0x3C, "timer"},
+    {0x3D, "u"},
+    {0x3E, "setvar"},
     {0x3F, "wml"},
 });
+// clang-format on
 
 // Tags, code page 1.
 inline constexpr std::array theWtaTagTokens = std::to_array<WmlTagToken>({
@@ -138,23 +168,39 @@ inline constexpr std::array theWmlAttrTokens = std::to_array<WmlAttrToken>({
 });
 
 // Attribute starts, code page 1.
+// clang-format off
 inline constexpr std::array theWtaAttrTokens = std::to_array<WmlAttrToken>({
-    {0x05, "href", "wtai://"},          {0x06, "href", "wtai://wp/mc;"},
-    {0x07, "href", "wtai://wp/sd;"},    {0x08, "href", "wtai://wp/ap;"},
-    {0x09, "href", "wtai://ms/ec"},     {0x10, "type", "wtaev-"},
-    {0x11, "type", "wtaev-cc/"},        {0x12, "type", "wtaev-cc/ic"},
-    {0x13, "type", "wtaev-cc/cl"},      {0x14, "type", "wtaev-cc/co"},
-    {0x15, "type", "wtaev-cc/oc"},      {0x16, "type", "wtaev-cc/cc"},
-    {0x17, "type", "wtaev-cc/dtmf"},    {0x20, "type", "wtaev-nt/"},
-    {0x21, "type", "wtaev-nt/it"},      {0x22, "type", "wtaev-nt/st"},
-    {0x30, "type", "wtaev-pb/"},        {0x38, "type", "wtaev-lg/"},
-    {0x50, "type", "wtaev-ms/"},        {0x51, "type", "wtaev-ms/ns"},
-    {0x58, "type", "wtaev-gsm/"},       {0x59, "type", "wtaev-gsm/ru"},
-    {0x5A, "type", "wtaev-gsm/ch"},     {0x5B, "type", "wtaev-gsm/ca"},
-    {0x60, "type", "wtaev-pdc/"},       {0x68, "type", "wtaev-ansi136/"},
-    {0x69, "type", "wtaev-ansi136/ia"}, {0x6A, "type", "wtaev-ansi136/if"},
+    {0x05, "href", "wtai://"},
+    {0x06, "href", "wtai://wp/mc;"},
+    {0x07, "href", "wtai://wp/sd;"},
+    {0x08, "href", "wtai://wp/ap;"},
+    {0x09, "href", "wtai://ms/ec"},
+    {0x10, "type", "wtaev-"},
+    {0x11, "type", "wtaev-cc/"},
+    {0x12, "type", "wtaev-cc/ic"},
+    {0x13, "type", "wtaev-cc/cl"},
+    {0x14, "type", "wtaev-cc/co"},
+    {0x15, "type", "wtaev-cc/oc"},
+    {0x16, "type", "wtaev-cc/cc"},
+    {0x17, "type", "wtaev-cc/dtmf"},
+    {0x20, "type", "wtaev-nt/"},
+    {0x21, "type", "wtaev-nt/it"},
+    {0x22, "type", "wtaev-nt/st"},
+    {0x30, "type", "wtaev-pb/"},
+    {0x38, "type", "wtaev-lg/"},
+    {0x50, "type", "wtaev-ms/"},
+    {0x51, "type", "wtaev-ms/ns"},
+    {0x58, "type", "wtaev-gsm/"},
+    {0x59, "type", "wtaev-gsm/ru"},
+    {0x5A, "type", "wtaev-gsm/ch"},
+    {0x5B, "type", "wtaev-gsm/ca"},
+    {0x60, "type", "wtaev-pdc/"},
+    {0x68, "type", "wtaev-ansi136/"},
+    {0x69, "type", "wtaev-ansi136/ia"},
+    {0x6A, "type", "wtaev-ansi136/if"},
     {0x70, "type", "wtaev-cdma/"},
 });
+// clang-format on
 
 // Attribute values, code page 0.
 inline constexpr std::array theWmlAttrValueTokens = std::to_array<WmlAttrValueToken>({

@@ -28,13 +28,23 @@ struct CodePageRow {
 };
 
 // One name each, never a second choice: what a text becomes must not depend on what a system has.
+// clang-format off
 constexpr CodePageRow theCodePageRows[] = {
-    {932, {"CP932", false}},        {936, {"CP936", false}},        {949, {"UHC", false}},
-    {950, {"CP950", false}},        {1250, {"CP1250", false}},      {1252, {"CP1252", true}},
-    {1253, {"CP1253", false}},      {28591, {"ISO-8859-1", false}}, {28592, {"ISO-8859-2", false}},
-    {28596, {"ISO-8859-6", false}}, {28597, {"ISO-8859-7", false}}, {28599, {"ISO-8859-9", false}},
+    {932, {"CP932", false}},
+    {936, {"CP936", false}},
+    {949, {"UHC", false}},
+    {950, {"CP950", false}},
+    {1250, {"CP1250", false}},
+    {1252, {"CP1252", true}},
+    {1253, {"CP1253", false}},
+    {28591, {"ISO-8859-1", false}},
+    {28592, {"ISO-8859-2", false}},
+    {28596, {"ISO-8859-6", false}},
+    {28597, {"ISO-8859-7", false}},
+    {28599, {"ISO-8859-9", false}},
     {51932, {"EUC-JP-MS", false}},
 };
+// clang-format on
 
 // UTF-8 to UTF-8: what is well-formed stays.
 class Utf8Transcoder final : public FwTranscoder {
