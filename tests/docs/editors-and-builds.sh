@@ -83,7 +83,7 @@ mark() {
     sed -n "s/^ *\"$1\": \"\(.*\)\",*$/\1/p" tasks.json
 }
 env --default-signal=INT sh -c "exec ${commands[2]}" 2>log &
-for _ in $(seq 200); do
+for _ in $(seq 1000); do
     grep -qP "$(mark endsPattern)" log && break
     sleep 0.02
 done
