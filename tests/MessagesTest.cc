@@ -281,7 +281,9 @@ TEST(MessagesTest, noneOfTheSourcesIsMissing) {
                 const bool isMessage =
                     !literal.text.starts_with("CcCharsetConverter::") &&  // of the log
                     isProse(literal.text) && !theOtherTexts.count(trimmed(literal.text)) &&
-                    (folder.asking.empty() || isOneOf(literal.statement, folder.asking)) &&
+                    (folder.asking.empty() || isOneOf(literal.statement, folder.asking) ||
+                     (literal.place.starts_with("CliBatch.cc") &&
+                      literal.statement.find("return") != std::string::npos)) &&
                     !isOneOf(literal.statement, folder.refused);
                 if (isMessage) {
                     ++count;
@@ -298,7 +300,7 @@ TEST(MessagesTest, noneOfTheSourcesIsMissing) {
 // The rules of the scanners hold texts that are no C++.
 TEST(MessagesTest, noneOfTheScannersIsMissing) {
     std::size_t count = 0;
-    for (const char* const file : {"wsc/src/WscScanner.l", "wsc/src/WscGrammar.y",
+    for (const char* const file : {"wsc/src/WscScanner.re", "wsc/src/WscGrammar.y",
                                    "xp/src/XpScanner.re", "xp/src/XpGrammar.y"}) {
         std::istringstream lines(contentOf(fs::path(LUMNIS_TREE) / file));
         for (std::string line; std::getline(lines, line);) {

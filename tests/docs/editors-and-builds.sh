@@ -47,7 +47,7 @@ try() {
 }
 
 begin make
-snippet make >Makefile
+snippet makefile >Makefile
 try . make
 make clean >/dev/null
 [[ ! -e hello.wmlsc && ! -e news.wmlc && -e hello.wmls ]] || fail "make clean"
