@@ -1,50 +1,63 @@
-#!/bin/sh
+#!/bin/bash
 # The share of the hand-written code that the tests reach, by folder: lines and branches.
 #
 #     scripts/coverage.sh [--missed]
 #
-# Builds with gcov (preset coverage), runs every test and prints the table of docs/robustness.md;
-# with --missed also each branch and line that no test has reached. Branches that only exceptions
-# take, which the compiler makes behind each call, do not count, nor does what bison and re2c
-# generate. Needs gcovr (the Debian package of that name).
-set -eu
+# Builds with clang's source-based coverage (preset coverage), runs every test and prints the table
+# of docs/robustness.md; with --missed also each line and each side of a condition that no test has
+# reached. A branch is a side of a condition as it stands in the source: what a compiler makes for
+# exceptions behind each call does not come in. What bison and re2c generate does not count, nor do
+# the tests themselves. Needs llvm-cov and llvm-profdata (the Debian package llvm).
+set -euo pipefail
 cd "$(dirname "$0")/.."
 build=build/coverage
 
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage
-find $build -name '*.gcda' -delete
-ctest --preset coverage -j "$(nproc)" --output-on-failure
+rm -rf $build/profiles
+# In a case with a limit for the size of files, the counts cannot be written, either.
+LLVM_PROFILE_FILE=$PWD/$build/profiles/%4m.profraw GTEST_FILTER='-*a_file_size_limit*' \
+    ctest --preset coverage -j "$(nproc)" --timeout 1800
 
-gcovr --root . --object-directory $build --json $build/coverage.json -j "$(nproc)" \
-    --filter '(cps|fw|cc|wsc|xp|xa|wml|entry|dump|cli)/' \
-    --exclude-throw-branches --exclude-unreachable-branches \
-    2>$build/gcovr.log || { cat $build/gcovr.log >&2; exit 1; }
+llvm-profdata merge -o $build/tests.profdata $build/profiles/*.profraw
+objects=()
+for program in $build/lumnis $build/liblumnisutil.so $build/tests/* $build/fuzz/replay_*; do
+    [[ -f $program && -x $program ]] && objects+=(-object "$program")
+done
+llvm-cov export "${objects[@]:1}" -instr-profile=$build/tests.profdata -skip-expansions \
+    -ignore-filename-regex='^/usr/|/(build|tests|fuzz|bench)/' >$build/coverage.json
 
-exec python3 - $build/coverage.json "$@" <<'END'
+exec python3 - $build/coverage.json "$PWD/" "$@" <<'END'
 import collections
 import json
 import sys
 
 with open(sys.argv[1], encoding="utf-8") as file:
-    files = json.load(file)["files"]
+    files = json.load(file)["data"][0]["files"]
 
 counts = collections.defaultdict(lambda: [0, 0, 0, 0])
 missed = []
 for source in files:
-    folder = source["file"].split("/")[0]
-    for line in source["lines"]:
-        if line.get("gcovr/noncode") or line.get("gcovr/excluded"):
-            continue
-        taken = [branch["count"] > 0 for branch in line["branches"]]
-        for count in (counts[folder], counts["all"]):
-            count[0] += line["count"] > 0
-            count[1] += 1
-            count[2] += sum(taken)
-            count[3] += len(taken)
-        if line["count"] == 0 or not all(taken):
-            missed.append("%s:%d %s" % (source["file"], line["line_number"],
-                          "never" if line["count"] == 0 else "branches %d of %d" % (sum(taken), len(taken))))
+    name = source["filename"].removeprefix(sys.argv[2])
+    lines, branches = source["summary"]["lines"], source["summary"]["branches"]
+    for count in (counts[name.split("/")[0]], counts["all"]):
+        for place, add in enumerate((lines["covered"], lines["count"],
+                                     branches["covered"], branches["count"])):
+            count[place] += add
+    # Instances of a template count together.
+    sides = collections.defaultdict(lambda: [0, 0])
+    for begin, column, _, _, is_true, is_false, *_ in source["branches"]:
+        sides[begin, column][0] += is_true
+        sides[begin, column][1] += is_false
+    with open(source["filename"], encoding="utf-8") as text:
+        texts = text.read().split("\n")
+    for (line, column), (is_true, is_false) in sorted(sides.items()):
+        if not (is_true and is_false):
+            side = "never true" if is_false else "never false" if is_true else "never"
+            missed.append("%s:%d:%d %s: %s" % (name, line, column, side, texts[line - 1].strip()))
+    for line, _, count, has_count, is_entry, *_ in source["segments"]:
+        if is_entry and has_count and count == 0:
+            missed.append("%s:%d never: %s" % (name, line, texts[line - 1].strip()))
 
 if "--missed" in sys.argv:
     print("\n".join(missed) + "\n")
