@@ -15,10 +15,14 @@ build=build/coverage
 cmake --preset coverage >/dev/null
 cmake --build --preset coverage
 rm -rf $build/profiles
-# The tests of the installation build everything anew and reach nothing more.
-# In a case with a limit for the size of files, the counts cannot be written, either.
-LLVM_PROFILE_FILE=$PWD/$build/profiles/%4m.profraw GTEST_FILTER='-*a_file_size_limit*:*AFileSizeLimit*' \
-    ctest --preset coverage -j "$(nproc)" --timeout 1800 -E '^(install|editors_and_builds)$'
+mkdir -m 777 $build/profiles  # some tests change their user
+# Where files cannot grow or nothing may be written, the counts cannot be written, either, and say so
+# on standard error, which the cases compare: such failures do not matter here. The tests of the
+# installation build everything anew and reach nothing more.
+LLVM_PROFILE_FILE=$PWD/$build/profiles/%4m.profraw \
+    GTEST_FILTER='-*a_file_size_limit*:*AFileSizeLimit*' \
+    ctest --preset coverage -j "$(nproc)" --timeout 1800 -E '^(install|editors_and_builds)$' -Q ||
+    echo "Some tests have failed; see $build/Testing/Temporary/LastTestsFailed.log."
 
 llvm-profdata merge -o $build/tests.profdata $build/profiles/*.profraw
 objects=()
@@ -40,16 +44,16 @@ counts = collections.defaultdict(lambda: [0, 0, 0, 0])
 missed = []
 for source in files:
     name = source["filename"].removeprefix(sys.argv[2])
-    lines, branches = source["summary"]["lines"], source["summary"]["branches"]
-    for count in (counts[name.split("/")[0]], counts["all"]):
-        for place, add in enumerate((lines["covered"], lines["count"],
-                                     branches["covered"], branches["count"])):
-            count[place] += add
-    # Instances of a template count together.
+    # The instances of a template, and of a function in several programs, count together.
     sides = collections.defaultdict(lambda: [0, 0])
     for begin, column, _, _, is_true, is_false, *_ in source["branches"]:
         sides[begin, column][0] += is_true
         sides[begin, column][1] += is_false
+    lines = source["summary"]["lines"]
+    taken = sum((is_true > 0) + (is_false > 0) for is_true, is_false in sides.values())
+    for count in (counts[name.split("/")[0]], counts["all"]):
+        for place, add in enumerate((lines["covered"], lines["count"], taken, 2 * len(sides))):
+            count[place] += add
     with open(source["filename"], encoding="utf-8") as text:
         texts = text.read().split("\n")
     for (line, column), (is_true, is_false) in sorted(sides.items()):
