@@ -94,6 +94,7 @@ TEST(WMLSCompile, NegativeLengthIsRefused) {
     for (const int length : {-1, -2147483647 - 1}) {
         const Call call("function f() {}", length);
         EXPECT_EQ(call.code(), 1);
+        EXPECT_EQ(call.error(), "\nOther error: \nThere is no source.\n");
         EXPECT_FALSE(call.hasResult());
         EXPECT_FALSE(call.hasLength());
     }
