@@ -2,8 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <sstream>
 #include <string>
+#include <vector>
 
+#include "CaseFile.h"
 #include "CcCharsetConversion.h"
 #include "CcCharsetConverter.h"
 #include "CcCharsetIso88591.h"
@@ -85,6 +88,30 @@ TEST(HedMediaTypeMap, FindsNames) {
     for (std::int32_t number = 0; number <= 54; ++number) {
         EXPECT_FALSE(map.getName(number).empty()) << number;
     }
+}
+
+// Each line of tests/cases/names: a number and its name.
+void expectNames(const HedNameMap& theMap, const std::string& theLines, bool isCanonical) {
+    std::istringstream lines(theLines);
+    for (std::string line; std::getline(lines, line);) {
+        SCOPED_TRACE(line);
+        const std::size_t blank = line.find(' ');
+        const std::int32_t number = std::stoi(line.substr(0, blank));
+        EXPECT_EQ(theMap.getNumber(line.substr(blank + 1)), number);
+        if (isCanonical) {
+            EXPECT_EQ(theMap.getName(number), line.substr(blank + 1));
+        }
+    }
+}
+
+TEST(HedNameMaps, HaveEveryRowOfTheRegistries) {
+    const std::vector<test::Case> cases = test::readCases("names");
+    ASSERT_EQ(cases.size(), 2u);
+    expectNames(HedCharsetMap::instance(), cases[0].source, true);
+    for (const std::string& alias : cases[0].section("aliases")->lines) {
+        expectNames(HedCharsetMap::instance(), alias, false);
+    }
+    expectNames(HedMediaTypeMap::instance(), cases[1].source, true);
 }
 
 TEST(CcCharsetConverter, CodePagesAreOfKnownSets) {

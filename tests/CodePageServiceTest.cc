@@ -107,6 +107,23 @@ TEST(CodePageService, AnEncodingThatTheSystemLacksIsUnsupported) {
     EXPECT_EQ(output, "a");
 }
 
+TEST(CodePageService, KeepsWhatIsWellFormedBetweenUtf8AndItself) {
+    using Result = FwCodePageConverter::Result;
+    const auto service = FwCodePageConverter::create();
+    char buffer[16] = {};
+    std::size_t size = 0;
+    // The pair of a new object.
+    EXPECT_EQ(service->convert("a\xC3\xA9", buffer, size), Result::converted);
+    EXPECT_EQ(std::string_view(buffer, size), "a\xC3\xA9");
+    ASSERT_EQ(service->initialize(65001, 1252), Result::converted);
+    ASSERT_EQ(service->initialize(65001, 65001), Result::converted);
+    EXPECT_EQ(service->convert("a\xFF\xC3\xA9", buffer, size), Result::substituted);
+    EXPECT_EQ(std::string_view(buffer, size), "a\xEF\xBF\xBD\xC3\xA9");  // U+FFFD
+    // Neither end is UTF-8.
+    EXPECT_EQ(service->initialize(1252, 28591), Result::unsupported);
+    EXPECT_EQ(service->convert("a", buffer, size), Result::unsupported);
+}
+
 TEST(CodePageService, AskForMoreRoomThanThereIsAndNothingIsUsable) {
     using Result = FwCodePageConverter::Result;
     struct Row {

@@ -267,7 +267,7 @@ TEST(Decks, OfEveryConstruct) {
     };
     for (const auto& [source, text] : rows) {
         test::ExportResult result;
-        onSmallStack([&] { result = test::callEncode(source); });
+        onSmallStack([&result, &source = source] { result = test::callEncode(source); });
         EXPECT_EQ(result.text, text) << source.substr(0, 100) << source.size();
     }
 }
@@ -286,7 +286,7 @@ TEST(Dump, OfNestedElements) {
         {head + std::string(20000, '\x60'), false},
     };
     for (const auto& [file, isWhole] : rows) {
-        onSmallStack([&file, isWhole] {
+        onSmallStack([&file = file, isWhole = isWhole] {
             const DumpListing listing = readDump(file, DumpFormat::wbxml);
             EXPECT_EQ(!listing.fault.has_value(), isWhole)
                 << (listing.fault ? listing.fault->message : "");

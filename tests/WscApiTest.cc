@@ -8,6 +8,7 @@
 #include <string>
 
 #include "ByteCodeReader.h"
+#include "WmlsCompileDriver.h"
 #include "WscWmlScriptCompiler.h"
 #include "lumnisutil.h"
 
@@ -93,6 +94,7 @@ TEST(WMLSCompile, NegativeLengthIsRefused) {
     for (const int length : {-1, -2147483647 - 1}) {
         const Call call("function f() {}", length);
         EXPECT_EQ(call.code(), 1);
+        EXPECT_EQ(call.error(), "\nOther error: \nThere is no source.\n");
         EXPECT_FALSE(call.hasResult());
         EXPECT_FALSE(call.hasLength());
     }
@@ -126,6 +128,52 @@ TEST(WMLSCompile, ResultHas65534BytesAtMost) {
     EXPECT_TRUE(tooLarge.hasResult());
     EXPECT_FALSE(tooLarge.hasLength());
     EXPECT_FALSE(tooLarge.hasError());
+}
+
+TEST(WMLSCompile, RefusesCallsWithoutPlaceForTheResult) {
+    char* result = nullptr;
+    unsigned short length = 0;
+    EXPECT_EQ(WMLSCompile("function f() {}", 15, nullptr, &length, nullptr), 1);
+    EXPECT_EQ(WMLSCompile("function f() {}", 15, &result, nullptr, nullptr), 1);
+    EXPECT_EQ(WMLSCompile("function", 8, &result, &length, nullptr), 1);
+    EXPECT_EQ(result, nullptr);
+}
+
+// What no export turns on.
+TEST(WmlsCompileDriver, ConvertsItsSourceAndReportsItsPragmas) {
+    const std::string source =
+        "use meta http equiv \"\xE9\" \"c\" \"s\"; use meta name \"n\" \"d\";"
+        "extern function f() { return \"\xE9\"; }";
+    WmlsCompileDriver driver;
+    driver.setInputCharset(4);
+    driver.setPrintPragmas(1);
+    char* result = nullptr;
+    std::uint32_t length = 0;
+    testing::internal::CaptureStdout();
+    const bool isDone =
+        driver.run(source.data(), static_cast<int>(source.size()), &result, length, nullptr);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "<PRAGMA> MetaHTTP: \"\xC3\xA9\" \"c\" \"s\"\n<PRAGMA> MetaName: \"n\" \"d\"\n\n");
+    ASSERT_TRUE(isDone);
+    const std::unique_ptr<char, void (*)(void*)> freeResult(result, std::free);
+    EXPECT_NE(std::string(result, length).find("\xC3\xA9"), std::string::npos);
+}
+
+TEST(WmlsCompileDriver, PrintsWhyASourceIsNotConverted) {
+    WmlsCompileDriver driver;
+    driver.setInputCharset(1015);
+    char mark = 'x';
+    char* result = &mark;
+    char* error = &mark;
+    std::uint32_t length = 0;
+    testing::internal::CaptureStdout();
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(driver.run("ab", 2, &result, length, &error));
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "Charset conversion from utf-16 is not supported.\n\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Charset conversion failed.\n");
+    EXPECT_EQ(result, &mark);
+    EXPECT_EQ(error, &mark);
 }
 
 TEST(WscLexer, ReservedWordsAreRefusedAndKeywordsAreNoNames) {
