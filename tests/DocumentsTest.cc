@@ -37,9 +37,8 @@ using Lines = std::vector<std::string>;
 
 // Their blocks have tests of their own, by other rules.
 constexpr std::string_view theOtherPages[] = {
-    "docs/editors-and-builds.md",  // tests/docs/editors-and-builds.sh
-    "docs/logging.md",             // test application_log and tests/cases/cli/examples.txt
-    "docs/messages.md",            // test messages
+    "docs/logging.md",   // test application_log and tests/cases/cli/examples.txt
+    "docs/messages.md",  // test messages
 };
 
 constexpr std::string_view theFileKinds[] = {"c",  "cmake", "cpp", "ini",      "js",
