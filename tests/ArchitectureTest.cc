@@ -95,6 +95,33 @@ TEST(Architecture, thePageShowsTheLinksOfCmake) {
     EXPECT_EQ(dependenciesInPage(), dependenciesInCmake());
 }
 
+// The drawing: a line of folders above those that they call.
+TEST(Architecture, noLineOfTheDrawingCallsItselfOrWhatStandsAbove) {
+    std::istringstream page(textOf(theTree / "docs/architecture.md"));
+    std::map<std::string, int> lines;
+    const Folders folders = dependenciesInCmake();
+    bool isDrawing = false;
+    int number = 0;
+    for (std::string line; std::getline(page, line);) {
+        if (line.starts_with("```")) {
+            isDrawing = line == "```text";
+        } else if (isDrawing) {
+            ++number;
+            std::istringstream words(line);
+            // Behind the names of folders stands what they are.
+            for (std::string word; words >> word && folders.count(word) != 0;) {
+                lines[word] = number;
+            }
+        }
+    }
+    for (const auto& [name, called] : folders) {
+        ASSERT_TRUE(lines.count(name) != 0) << name << " is not in the drawing";
+        for (const std::string& other : called) {
+            EXPECT_GT(lines[other], lines[name]) << name << " calls " << other;
+        }
+    }
+}
+
 std::string folderOf(const fs::path& theFile, const Folders& theFolders) {
     for (fs::path at = theFile.parent_path(); at != theTree && at.has_relative_path();
          at = at.parent_path()) {

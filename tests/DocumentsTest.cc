@@ -38,7 +38,7 @@ using Lines = std::vector<std::string>;
 // Their blocks have tests of their own, by other rules.
 constexpr std::string_view theOtherPages[] = {
     "docs/logging.md",   // test application_log and tests/cases/cli/examples.txt
-    "docs/messages.md",  // its messages and repaired sources
+    "docs/messages.md",  // test messages
 };
 
 constexpr std::string_view theFileKinds[] = {"c",  "cmake", "cpp", "ini",      "js",
@@ -79,16 +79,19 @@ std::vector<Block> blocksOf(const fs::path& thePage) {
     std::string above;
     std::string before;
     std::size_t number = 0;
+    std::size_t indent = 0;  // of the fence, in a list
     for (const std::string& line : linesOf(contentOf(thePage))) {
         ++number;
-        if (line.starts_with("```")) {
+        const std::size_t start = std::min(line.find_first_not_of(' '), line.size());
+        if (std::string_view(line).substr(start).starts_with("```")) {
             isInBlock = !isInBlock;
             if (isInBlock) {
-                blocks.push_back({line.substr(3), above, {}, number});
+                indent = start;
+                blocks.push_back({line.substr(start + 3), above, {}, number});
             }
             above.clear();
         } else if (isInBlock) {
-            blocks.back().lines.push_back(line);
+            blocks.back().lines.push_back(line.substr(std::min(indent, line.size())));
         } else {
             if (line.starts_with("    ") && before.empty()) {
                 blocks.push_back({"(indented)", "", {}, number});
@@ -186,7 +189,7 @@ class Page : public testing::TestWithParam<std::string> {
 
     void checkChange(const Block& theBlock) const {
         std::ofstream(folderM / "change", std::ios::binary) << joined(theBlock.lines);
-        const Lines said = run("git -C \"$TREE\" apply --check ../change && echo good");
+        const Lines said = run("git -C \"$TREE\" apply --check - <../change && echo good");
         EXPECT_EQ(joined(said), "good\n");
     }
 
