@@ -289,6 +289,8 @@ int main(int theCount, char** theArguments) {
     const char* const path = std::getenv("PATH");
     setenv("PATH", (std::string(LUMNIS_PROGRAMS ":") + (path == nullptr ? "" : path)).c_str(), 1);
     setenv("TREE", LUMNIS_TREE, 1);
+    // For dlopen, which the sanitizers call in the place of the program whose path counts.
+    setenv("LD_LIBRARY_PATH", LUMNIS_LIBRARY, 1);
     setenv("LC_ALL", "C", 1);
     // In CI the checkout may belong to somebody else.
     setenv("GIT_CONFIG_COUNT", "1", 1);
