@@ -62,8 +62,7 @@ class XpLexer {
     void pushNothing(int theEndToken);
     // Counts theLength bytes of replacement text. Throws XpParserError when a document grows
     // beyond all measure by its entities: when all that has been counted is more than 8 MiB and
-    // more than 100 times the text that this scanner was made for; or when more than 32768 texts
-    // have been counted, and more than one for each two bytes of that text.
+    // more than 100 times the text that this scanner was made for.
     //
     // Counted is each text when a reference to it begins to be read, or is put into the value of
     // an entity; so an entity inside of another one counts each time that its own reference is
@@ -184,7 +183,6 @@ class XpLexer {
     // 64 bits, since each may come near the largest length of a string.
     std::uint64_t documentSizeM;
     std::uint64_t expandedM = 0;
-    std::uint64_t referencesM = 0;
 };
 
 }  // namespace lumnis

@@ -15,9 +15,6 @@ namespace {
 // Entities may make a document large, or many times larger than it is, but not both.
 constexpr std::uint64_t theExpansionLimit = 8u << 20;
 constexpr std::uint64_t theExpansionRatio = 100;
-// A reference costs time whatever the length of its text. Those in the document itself have three
-// bytes each and never come that far; it takes entities that refer to entities.
-constexpr std::uint64_t theReferenceLimit = 32768;
 
 constexpr unsigned theLastCodePoint = 1114111;
 // The input that is at its end at once.
@@ -87,9 +84,7 @@ int XpLexer::endInput() {
 
 void XpLexer::countExpansion(std::uint64_t theLength) {
     expandedM += theLength;
-    ++referencesM;
-    if ((expandedM > theExpansionLimit && expandedM > documentSizeM * theExpansionRatio) ||
-        (referencesM > theReferenceLimit && referencesM > documentSizeM / 2)) {
+    if (expandedM > theExpansionLimit && expandedM > documentSizeM * theExpansionRatio) {
         failToExpand();
     }
 }
