@@ -1,13 +1,13 @@
 #include "WmlEncodeDriver.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <string>
 
 #include "CcCharsetConverter.h"
+#include "FwThreadBuffer.h"
 #include "FwTraceScope.h"
 #include "HedCharsetMap.h"
 #include "XaProducer.h"
@@ -97,8 +97,15 @@ bool WmlEncodeDriver::run(std::string_view theSource, char** theResult,
 }
 
 void WmlEncodeDriver::storeErrorText(std::string_view theText, char** theErrorText) noexcept {
-    static thread_local std::array<char, 1024> buffer;
-    std::size_t length = std::min(theText.size(), buffer.size() - 1);
+    static char theLastResort[] = "not enough memory";
+    char* const buffer = fwThreadBuffer();
+    if (buffer == nullptr) {
+        if (theErrorText != nullptr) {
+            *theErrorText = theLastResort;
+        }
+        return;
+    }
+    std::size_t length = std::min(theText.size(), theThreadBufferSize - 1);
     if (length < theText.size()) {
         const auto isContinuation = [](char theByte) {
             return (static_cast<unsigned char>(theByte) & 0xC0) == 0x80;
@@ -108,10 +115,10 @@ void WmlEncodeDriver::storeErrorText(std::string_view theText, char** theErrorTe
             --length;
         }
     }
-    std::memcpy(buffer.data(), theText.data(), length);
+    std::memcpy(buffer, theText.data(), length);
     buffer[length] = '\0';
     if (theErrorText != nullptr) {
-        *theErrorText = buffer.data();
+        *theErrorText = buffer;
     }
 }
 

@@ -9,7 +9,9 @@ namespace lumnis {
 
 namespace {
 
-thread_local bool isMadeBeforehand = false;
+// A byte of the memory that each thread has from its start. In the usual model of a shared library
+// the loader takes it at the first use, and ends the process if there is none.
+[[gnu::tls_model("initial-exec")]] thread_local bool isMadeBeforehand = false;
 
 }  // namespace
 
