@@ -10,29 +10,19 @@
 #include <string_view>
 
 #include "DocumentChecker.h"
+#include "XmlProperties.h"
 
 namespace {
 
 using lumnis::CpsString;
 using lumnis::DocumentChecker;
+using lumnis::fuzz::require;
+using lumnis::fuzz::requireLine;
 
 // The root is one that the seeds declare; elements and attributes that a DTD does not know are
 // refused at once, so that each has a document to itself.
 constexpr std::string_view theDocuments[] = {
     "<r/>", "<r>\n<a/>&e;</r>", "<wml><card><p>&nbsp;</p></card></wml>", "<a i='i' j='i' e='u'/>"};
-
-void require(bool theCondition) {
-    if (!theCondition) {
-        std::abort();
-    }
-}
-
-// In an ignored section a line feed may count twice.
-void requireLine(unsigned theLine, std::string_view theText) {
-    const auto lines = static_cast<std::size_t>(std::count(theText.begin(), theText.end(), '\n'));
-    const bool mayIgnore = theText.find("<![") != std::string_view::npos;
-    require(theLine >= 1 && theLine <= 1 + (mayIgnore ? 2 : 1) * lines);
-}
 
 std::string run(std::string_view theDtd) {
     std::ostringstream output;

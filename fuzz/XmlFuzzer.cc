@@ -11,11 +11,14 @@
 #include <string_view>
 
 #include "DocumentChecker.h"
+#include "XmlProperties.h"
 
 namespace {
 
 using lumnis::CpsString;
 using lumnis::DocumentChecker;
+using lumnis::fuzz::require;
+using lumnis::fuzz::requireLine;
 
 // A DTD that has every kind of content model and every type of attribute.
 constexpr const char* theDtd = R"(
@@ -39,19 +42,6 @@ class OneTextResolver final : public lumnis::XpEntityResolver {
 };
 
 enum Mode { ALONE, NONVALIDATING, FIXED_DTD, DTD_TEXT, DTD_AND_DOCUMENT, EXTERNAL, MODES };
-
-void require(bool theCondition) {
-    if (!theCondition) {
-        std::abort();
-    }
-}
-
-// In an ignored section a line feed may count twice.
-void requireLine(unsigned theLine, std::string_view theText) {
-    const auto lines = static_cast<std::size_t>(std::count(theText.begin(), theText.end(), '\n'));
-    const bool mayIgnore = theText.find("<![") != std::string_view::npos;
-    require(theLine >= 1 && theLine <= 1 + (mayIgnore ? 2 : 1) * lines);
-}
 
 std::string run(Mode theMode, std::string_view theFirst, std::string_view theSecond) {
     std::ostringstream output;

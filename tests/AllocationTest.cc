@@ -12,6 +12,7 @@
 #include "DumpReader.h"
 #include "ExportCalls.h"
 #include "FailingHeap.h"
+#include "RichDeck.h"
 #include "WscWmlScriptCompiler.h"
 
 namespace lumnis {
@@ -50,21 +51,7 @@ std::string longScript() {
     return result;
 }
 
-// Each kind of element and attribute, a deck that declares, one that is refused.
-const std::string theRichDeck = R"deck(<?xml version="1.0"?>
-<!DOCTYPE wml PUBLIC "-//WAPFORUM//DTD WML 1.2//EN" "wml12.dtd">
-<?p http://d?>
-<wml><head><access domain="x.com" path="/a$$"/><meta http-equiv="Expires" content="0"/></head>
-<template><do type="prev"><prev/></do></template>
-<card id="c" title="$(t:e)" newcontext="true" ordered="false">
-<onevent type="ontimer"><go href="http://www.x.com/$v" method="post"><postfield name="a" value="$b"/>
-</go></onevent><timer name="t" value="10"/>
-<p align="center" mode="nowrap">a  b$(v)&#233;<br/><img src="i" alt="i" width="50%"/>
-<select name="s" ivalue="1"><optgroup title="g"><option value="1">a  b</option></optgroup></select>
-<input name="n" type="password" maxlength="5"/><a href="#c">x<br/>y</a><![CDATA[$]]]]></p>
-<pre xml:space="preserve"> z </pre><p><table columns="2"><tr><td>1</td><td/></tr></table></p>
-</card></wml>
-)deck";
+// A deck that declares, one that is refused.
 const std::string theDeclaringDeck = R"(<!DOCTYPE wml [
 <!ELEMENT wml (a, (b | c)*, d?)> <!ELEMENT a EMPTY> <!ELEMENT b (#PCDATA)>
 <!ELEMENT c (#PCDATA | wml)*> <!ELEMENT d ANY> <!NOTATION g PUBLIC "g"> <!ENTITY u SYSTEM "u" NDATA g>
@@ -78,7 +65,7 @@ const std::string theRefusedDeck =
     "'x'>\n<wml><card><p>t<table/></p></card></wml>";
 
 const Sample theSamples[] = {
-    {"encode, rich", test::callEncode, theRichDeck},
+    {"encode, rich", test::callEncode, std::string(test::theRichDeck)},
     {"encode, declaring", test::callEncode, theDeclaringDeck},
     {"encode, refused", test::callEncode, theRefusedDeck},
     {"compile, rich", test::callCompile, theRichScript},
@@ -146,7 +133,7 @@ TEST(Allocation, mayFailAtEveryNumber) {
 
 // What only throws: it may end early, but must leave nothing behind.
 TEST(Allocation, ofOtherRoadsMayFail) {
-    const std::string deck = test::callEncode(theRichDeck).bytes;
+    const std::string deck = test::callEncode(test::theRichDeck).bytes;
     const std::string script = test::callCompile(theRichScript).bytes;
     std::size_t sizes[2] = {};
     const std::function<void()> roads[] = {

@@ -139,11 +139,6 @@ class ApplicationLog : public testing::Test {
         folderM = mkdtemp(pattern.data());
         change({});
     }
-    void SetUp() override {
-        if (LUMNIS_TRACE_SCOPES == 0) {
-            GTEST_SKIP() << "built without the trace";
-        }
-    }
     ~ApplicationLog() override { fs::remove_all(folderM); }
 
     void change(const Settings& theChanges) {

@@ -322,6 +322,45 @@ TEST(MessagesTest, noneOfTheScannersIsMissing) {
     EXPECT_GT(count, 30u);
 }
 
+TEST(MessagesTest, noneIsListedThatNoSourceGives) {
+    const std::set<std::string> others = {
+        "The following argument was not expected: ",  // of the library that reads the options
+        " for document with public ID ",              // put together
+    };
+    std::string texts;
+    for (const char* const folder :
+         {"cps", "fw", "cc", "wsc", "xp", "xa", "wml", "dump", "entry", "cli"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(fs::path(LUMNIS_TREE) / folder)) {
+            const std::string path = entry.path().string();
+            if (path.find("/messages/") != std::string::npos) {
+                continue;
+            }
+            if (path.ends_with(".cc") || path.ends_with(".h")) {
+                for (const Literal& literal : literalsOf(entry.path())) {
+                    texts += literal.text + '\0';
+                }
+            } else if (path.ends_with(".re") || path.ends_with(".y")) {
+                std::string rules = contentOf(entry.path());
+                std::erase(rules, '\\');  // in front of quotes
+                texts += rules + '\0';
+            }
+        }
+    }
+    for (const CliMessageRow& row : messageRows()) {
+        for (std::size_t at = 0; at != std::string::npos;) {
+            const std::size_t end = row.text.find("{}", at);
+            const std::string part(row.text.substr(at, end - at));
+            at = end == std::string::npos ? end : end + 2;
+            const bool isKnown = std::any_of(
+                others.begin(), others.end(),
+                [&](const auto& theOther) { return part.find(theOther) != std::string::npos; });
+            if (part.size() > 2 && !isKnown) {
+                EXPECT_NE(std::string::npos, texts.find(part)) << row.text << "\n" << part;
+            }
+        }
+    }
+}
+
 // ---- Looking up
 
 TEST(MessagesTest, aMessageIsFoundWithItsNamesFilledIn) {

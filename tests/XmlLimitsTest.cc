@@ -2,7 +2,6 @@
 // share a DTD, input that is cut or damaged at every byte, memory that runs out or that a small
 // document asks for.
 #include <gtest/gtest.h>
-#include <malloc.h>
 #include <pthread.h>
 
 #include <algorithm>
@@ -15,63 +14,9 @@
 #include <vector>
 
 #include "DocumentChecker.h"
+#include "FailingHeap.h"
 #include "XpDtdParser.h"
 #include "XpParser.h"
-
-namespace {
-
-// Allocations of this thread until one fails; negative while none is to fail.
-thread_local long allocationsLeft = -1;
-
-// Of this thread.
-thread_local std::ptrdiff_t bytesInUse = 0;
-thread_local std::ptrdiff_t mostBytesInUse = 0;
-
-}  // namespace
-
-// All forms of new and delete, so that a sanitizer's own do not mix with them. Not inlined: the
-// compiler would see malloc in one and delete in the other.
-[[gnu::noinline]] void* operator new(std::size_t theSize, const std::nothrow_t&) noexcept {
-    if (allocationsLeft > 0 && --allocationsLeft == 0) {
-        return nullptr;
-    }
-    void* const block = std::malloc(theSize == 0 ? 1 : theSize);
-    bytesInUse += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
-    mostBytesInUse = std::max(mostBytesInUse, bytesInUse);
-    return block;
-}
-
-[[gnu::noinline]] void* operator new(std::size_t theSize) {
-    if (void* block = operator new(theSize, std::nothrow)) {
-        return block;
-    }
-    throw std::bad_alloc();
-}
-
-[[gnu::noinline]] void* operator new[](std::size_t theSize) {
-    return operator new(theSize);
-}
-
-[[gnu::noinline]] void operator delete(void* theBlock) noexcept {
-    bytesInUse -= static_cast<std::ptrdiff_t>(malloc_usable_size(theBlock));
-    std::free(theBlock);
-}
-
-[[gnu::noinline]] void operator delete(void* theBlock, std::size_t) noexcept {
-    operator delete(theBlock);
-}
-
-[[gnu::noinline]] void operator delete(void* theBlock, const std::nothrow_t&) noexcept {
-    operator delete(theBlock);
-}
-
-[[gnu::noinline]] void operator delete[](void* theBlock) noexcept {
-    operator delete(theBlock);
-}
-
-[[gnu::noinline]] void operator delete[](void* theBlock, std::size_t) noexcept {
-    operator delete(theBlock);
-}
 
 namespace lumnis {
 namespace {
@@ -235,10 +180,10 @@ TEST(XmlLimits, smallDocumentsStaySmall) {
     };
     for (const auto& [name, text] : cases) {
         ASSERT_LE(text.size(), 13000U);
-        const std::ptrdiff_t before = bytesInUse;
-        mostBytesInUse = before;
+        const std::ptrdiff_t before = test::bytesInUse();
+        test::startPeak();
         const Outcome outcome = check(text);
-        EXPECT_LE(mostBytesInUse - before, theMostBytes) << name;
+        EXPECT_LE(test::mostBytesInUse() - before, theMostBytes) << name;
         EXPECT_EQ(std::string(name) == "states" ? "content model too large" : "", outcome.message)
             << name;
     }
@@ -310,13 +255,13 @@ TEST(XmlLimits, everyAllocationMayFail) {
     for (bool isDone = false; !isDone; ++failures) {
         DocumentChecker checker(nullptr);
         try {
-            allocationsLeft = failures + 1;
+            test::failAllocation(failures + 1);
             const auto fault = checker.check(document, nullptr);
             isDone = !fault;
-            allocationsLeft = -1;
+            test::endFailures();
             EXPECT_TRUE(isDone) << fault->message.view();
         } catch (const std::bad_alloc&) {
-            allocationsLeft = -1;
+            test::endFailures();
         }
     }
     EXPECT_GT(failures, 100);

@@ -71,11 +71,6 @@ lines";
      R"(function f(price) {
     return price;
 })"},
-    {theScriptRoad, R"(The source is too long.)",
-     R"(The script has more than 2147483645 bytes.)",
-     R"(Nothing an author writes is as long: something else was given in the place of a script.)",
-     "",
-     ""},
     {theScriptRoad, R"(Semantic error: Number of constants too many (>65535))",
      R"(The unit has more than 65535 different numbers and strings, and the byte code counts them in two bytes.)",
      R"(A table was written as code; split the unit.)",

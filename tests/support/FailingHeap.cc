@@ -1,5 +1,8 @@
 #include "FailingHeap.h"
 
+#include <malloc.h>
+
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <new>
@@ -10,6 +13,8 @@ namespace {
 thread_local long allocationsLeft = 0;
 thread_local bool hasFailed = false;
 std::atomic<long> blocks = 0;
+thread_local std::ptrdiff_t bytes = 0;
+thread_local std::ptrdiff_t mostBytes = 0;
 
 bool isToFail() {
     if (allocationsLeft == 0 || --allocationsLeft != 0) {
@@ -22,6 +27,7 @@ bool isToFail() {
 void release(void* theBlock) {
     if (theBlock != nullptr) {
         --blocks;
+        bytes -= static_cast<std::ptrdiff_t>(malloc_usable_size(theBlock));
         std::free(theBlock);
     }
 }
@@ -42,6 +48,8 @@ extern "C" void* __wrap_malloc(std::size_t theSize) {
     void* const block = isToFail() ? nullptr : __real_malloc(theSize == 0 ? 1 : theSize);
     if (block != nullptr) {
         ++blocks;
+        bytes += static_cast<std::ptrdiff_t>(malloc_usable_size(block));
+        mostBytes = std::max(mostBytes, bytes);
     }
     return block;
 }
@@ -94,6 +102,18 @@ bool hasAllocationFailed() {
 
 long blocksInUse() {
     return blocks;
+}
+
+std::ptrdiff_t bytesInUse() {
+    return bytes;
+}
+
+std::ptrdiff_t mostBytesInUse() {
+    return mostBytes;
+}
+
+void startPeak() {
+    mostBytes = bytes;
 }
 
 }  // namespace lumnis::test

@@ -152,6 +152,9 @@ class WscCompilerData {
     static CpsString instrName(WscOpcode theOpcode);
 
   private:
+    static constexpr int theMaxVariableNumber = 255;
+    static constexpr int theMaxConstIndex = 65535;
+
     struct LoopLabels {
         int continueLabel;
         int breakLabel;

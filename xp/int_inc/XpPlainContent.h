@@ -12,6 +12,7 @@
 namespace lumnis {
 
 class XpParserBase;
+struct XpPlainText;
 
 class XpPlainContent {
   public:
@@ -44,10 +45,8 @@ class XpPlainContent {
   private:
     bool readInTag(XpParserBase& theParser, State*& theTop) const;
     bool readInContent(XpParserBase& theParser, State*& theTop) const;
-    bool readEndTag(XpParserBase& theParser, State*& theTop,
-                    const struct XpPlainText& theText) const;
-    bool readStartTag(XpParserBase& theParser, State*& theTop,
-                      const struct XpPlainText& theText) const;
+    bool readEndTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
+    bool readStartTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
     // True if the element whose attributes state is at theTag stands in the content of another.
     bool isInContent(const State* theTag) const {
         return theTag[-4] == statesM.content && theTag[-3] == statesM.flushed;

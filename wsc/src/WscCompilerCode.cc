@@ -1,0 +1,272 @@
+// The code of a function, from the calls of the tree's nodes to the instructions that go into the
+// file.
+#include <stdexcept>
+
+#include "FwTraceScope.h"
+#include "WscCompilerData.h"
+#include "WscFunctionLibraryTable.h"
+#include "WscGrammar.h"
+#include "WscJumpLayout.h"
+#include "WscOptimizer.h"
+#include "WscStringAndIntHandler.h"
+
+namespace lumnis {
+
+namespace {
+
+void requireRange(int theValue, int theMaximum, const char* theMessage) {
+    if (theValue < 0 || theValue > theMaximum) {
+        throw std::runtime_error(theMessage);
+    }
+}
+
+}  // namespace
+
+void WscCompilerData::startFunctionCode() {
+    FwTraceScope scope("WscCompilerData::startFunctionCode");
+    codeM.clear();
+    variablesM.clear();
+    firstLabelM = nextLabelM;
+}
+
+template <class Instruction, class... Operands>
+void WscCompilerData::emit(WscOpcode theOpcode, Operands... theOperands) {
+    codeM.append(codeM.make<Instruction>(theOpcode, theOperands...));
+}
+
+void WscCompilerData::generate(WscOpcode theOpcode) {
+    emit<WscNormalInstruction>(theOpcode, std::uint8_t{1});
+}
+
+void WscCompilerData::generateOperator(int theOperator) {
+    switch (theOperator) {
+        case '+':
+            return generate(WscOpcode::Add);
+        case '-':
+            return generate(WscOpcode::Sub);
+        case '*':
+            return generate(WscOpcode::Mul);
+        case '/':
+            return generate(WscOpcode::Div);
+        case '%':
+            return generate(WscOpcode::Rem);
+        case WSC_DIV:
+            return generate(WscOpcode::Idiv);
+        case '&':
+            return generate(WscOpcode::BAnd);
+        case '|':
+            return generate(WscOpcode::BOr);
+        case '^':
+            return generate(WscOpcode::BXor);
+        case WSC_SHIFT_LEFT:
+            return generate(WscOpcode::BLshift);
+        case WSC_SHIFT_RIGHT:
+            return generate(WscOpcode::BRsshift);
+        case WSC_SHIFT_RIGHT_ZERO:
+            return generate(WscOpcode::BRszshift);
+        case '<':
+            return generate(WscOpcode::Lt);
+        case '>':
+            return generate(WscOpcode::Gt);
+        case WSC_LESS_EQUAL:
+            return generate(WscOpcode::Le);
+        case WSC_GREATER_EQUAL:
+            return generate(WscOpcode::Ge);
+        case WSC_EQUAL:
+            return generate(WscOpcode::Eq);
+        case WSC_NOT_EQUAL:
+            return generate(WscOpcode::Ne);
+        default:
+            throw std::runtime_error("Internal error:Operator not implemented");
+    }
+}
+
+// The form with the variable in a byte of its own, which every number fits.
+void WscCompilerData::emitWithVariable(WscOpcode theOpcode, int theVarNo) {
+    requireRange(theVarNo, theMaxVariableNumber, "Internal error: Wrong variable number");
+    emit<WscMediumInstruction>(theOpcode, std::uint8_t{2}, static_cast<std::uint8_t>(theVarNo));
+}
+
+void WscCompilerData::generateAddAssign(int theVarNo) {
+    emitWithVariable(WscOpcode::AddAsg, theVarNo);
+}
+
+void WscCompilerData::generateSubAssign(int theVarNo) {
+    emitWithVariable(WscOpcode::SubAsg, theVarNo);
+}
+
+void WscCompilerData::generateLoadVar(int theVarNo) {
+    if (theVarNo >= 0 && theVarNo <= 31) {
+        emit<WscShortInstruction>(WscOpcode::LoadVarS, std::uint8_t{1},
+                                  static_cast<std::uint8_t>(theVarNo));
+    } else {
+        emitWithVariable(WscOpcode::LoadVar, theVarNo);
+    }
+}
+
+void WscCompilerData::generateStoreVar(int theVarNo) {
+    if (theVarNo >= 0 && theVarNo <= 15) {
+        emit<WscShortInstruction>(WscOpcode::StoreVarS, std::uint8_t{1},
+                                  static_cast<std::uint8_t>(theVarNo));
+    } else {
+        emitWithVariable(WscOpcode::StoreVar, theVarNo);
+    }
+}
+
+void WscCompilerData::generateIncrVar(int theVarNo) {
+    if (theVarNo >= 0 && theVarNo <= 7) {
+        emit<WscShortInstruction>(WscOpcode::IncrVarS, std::uint8_t{1},
+                                  static_cast<std::uint8_t>(theVarNo));
+    } else {
+        emitWithVariable(WscOpcode::IncrVar, theVarNo);
+    }
+}
+
+void WscCompilerData::generateDecrVar(int theVarNo) {
+    emitWithVariable(WscOpcode::DecrVar, theVarNo);
+}
+
+void WscCompilerData::generateDebug(int theLineNumber) {
+    if (getDebugMode()) {
+        generate(WscOpcode::Debug);
+        *debugStreamM << std::to_string(theLineNumber) << '\n';
+    }
+}
+
+void WscCompilerData::generateBoolean(bool theValue) {
+    generate(theValue ? WscOpcode::ConstTrue : WscOpcode::ConstFalse);
+}
+
+void WscCompilerData::generateString(const CpsString& theText) {
+    if (theText.empty()) {
+        generate(WscOpcode::ConstEs);
+    } else {
+        generateLoadConst(addStringConst(theText));
+    }
+}
+
+void WscCompilerData::generateInteger(std::int32_t theValue) {
+    switch (theValue) {
+        case 0:
+            return generate(WscOpcode::Const0);
+        case 1:
+            return generate(WscOpcode::Const1);
+        case -1:
+            return generate(WscOpcode::ConstM1);
+        default:
+            return generateLoadConst(addIntConst(theValue));
+    }
+}
+
+void WscCompilerData::generateFloat(float theValue) {
+    generateLoadConst(addFloatConst(theValue));
+}
+
+void WscCompilerData::generateLoadConst(int theConstNo) {
+    requireRange(theConstNo, theMaxConstIndex, "Internal error: Wrong const number");
+    if (theConstNo <= 15) {
+        emit<WscShortInstruction>(WscOpcode::LoadConstS, std::uint8_t{1},
+                                  static_cast<std::uint8_t>(theConstNo));
+    } else if (theConstNo <= 255) {
+        emit<WscMediumInstruction>(WscOpcode::LoadConst, std::uint8_t{2},
+                                   static_cast<std::uint8_t>(theConstNo));
+    } else {
+        emit<WscWideInstruction>(WscOpcode::LoadConstW, std::uint8_t{3},
+                                 static_cast<std::uint16_t>(theConstNo));
+    }
+}
+
+void WscCompilerData::generateLocalCall(int theFuncNo) {
+    requireRange(theFuncNo, 255, "Internal error: Wrong function number");
+    const auto function = static_cast<std::uint8_t>(theFuncNo);
+    if (theFuncNo <= 7) {
+        emit<WscShortInstruction>(WscOpcode::CallS, std::uint8_t{1}, function);
+    } else {
+        emit<WscMediumInstruction>(WscOpcode::Call, std::uint8_t{2}, function);
+    }
+}
+
+void WscCompilerData::generateExternalCall(int theUrlNo, int theFuncNo, unsigned theArgumentCount) {
+    const char* message = "Internal error: Wrong url number or function number";
+    requireRange(theUrlNo, theMaxConstIndex, message);
+    requireRange(theFuncNo, theMaxConstIndex, message);
+    const auto arguments = static_cast<std::uint8_t>(theArgumentCount);
+    if (theUrlNo <= 255 && theFuncNo <= 255) {
+        emit<WscCallUrlMediumInstruction>(WscOpcode::CallUrl, std::uint8_t{4},
+                                          static_cast<std::uint8_t>(theUrlNo),
+                                          static_cast<std::uint8_t>(theFuncNo), arguments);
+    } else {
+        emit<WscCallUrlWideInstruction>(WscOpcode::CallUrlW, std::uint8_t{6},
+                                        static_cast<std::uint16_t>(theUrlNo),
+                                        static_cast<std::uint16_t>(theFuncNo), arguments);
+    }
+}
+
+bool WscCompilerData::generateLibraryCall(const CpsString& theLibrary, const CpsString& theFunction,
+                                          unsigned theArgumentCount) {
+    std::int32_t library = -1;
+    std::int32_t function = -1;
+    WscFunctionLibraryTable::instance().findLibraryFunction(
+        theLibrary, theFunction, static_cast<std::int32_t>(theArgumentCount), library, function);
+    if (library < 0 || function < 0) {
+        return false;
+    }
+    const auto functionId = static_cast<std::uint8_t>(function);
+    if (library <= 255 && function <= 7) {
+        emit<WscCallLibShortInstruction>(WscOpcode::CallLibS, std::uint8_t{2}, functionId,
+                                         static_cast<std::uint8_t>(library));
+    } else if (library <= 255) {
+        emit<WscCallLibMediumInstruction>(WscOpcode::CallLib, std::uint8_t{3}, functionId,
+                                          static_cast<std::uint8_t>(library));
+    } else {
+        emit<WscCallLibWideInstruction>(WscOpcode::CallLibW, std::uint8_t{4}, functionId,
+                                        static_cast<std::uint16_t>(library));
+    }
+    return true;
+}
+
+void WscCompilerData::generateJump(int theLabel) {
+    emit<WscFlowInstruction>(WscOpcode::PseudoJump, static_cast<std::uint32_t>(theLabel));
+}
+
+void WscCompilerData::generateTJump(int theLabel) {
+    emit<WscFlowInstruction>(WscOpcode::PseudoTjump, static_cast<std::uint32_t>(theLabel));
+}
+
+void WscCompilerData::generateLabel(int theLabel) {
+    emit<WscFlowInstruction>(WscOpcode::PseudoLabel, static_cast<std::uint32_t>(theLabel));
+}
+
+std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned theNoOfVariables) {
+    FwTraceScope scope("WscCompilerData::stopFunctionCode");
+    const int number = searchFunctionNo(theName);
+    if (number < 0) {
+        throw std::runtime_error("Internal error: Function not found");
+    }
+    const WscFunctionInfo& function = functionsM[static_cast<std::size_t>(number)];
+    WscOptimizer::instance().optimizeFunctionCode(codeM, optimizeModeM);
+    dropClosingReturn();
+    const std::int64_t size = layoutJumps(codeM.instructions(), firstLabelM);
+    if (size < 0) {
+        return -1;
+    }
+    writeFunction(function, theNoOfVariables, static_cast<std::uint32_t>(size));
+    if (listingStreamM != nullptr) {
+        writeListing(function);
+    }
+    return size;
+}
+
+// A function returns the empty string at the end of its code anyway. Where a label stands at
+// the end, jumps may go there, and the instruction stays.
+void WscCompilerData::dropClosingReturn() {
+    const auto code = codeM.instructions();
+    if (code.empty() || !code.back()->is(WscOpcode::ReturnEs)) {
+        return;
+    }
+    if (code.size() == 1 || !code[code.size() - 2]->is(WscOpcode::PseudoLabel)) {
+        codeM.truncate(code.size() - 1);
+    }
+}
+
+}  // namespace lumnis
