@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "CpsBytes.h"
+
 namespace lumnis {
 
 // Key: std::string_view, whose text must stay where it is once it has been added, or a number.
@@ -23,30 +25,36 @@ class CpsNumberTable {
         std::size_t slot = hash & mask();
         for (std::size_t probe = 0; probe < theMaxProbes; ++probe, slot = (slot + 1) & mask()) {
             const Slot& candidate = slotsM[slot];
-            if (candidate.number < 0) {
+            if (candidate.entry == 0) {
                 return -1;  // a full slot stays full: behind a free one there is nothing
             }
-            if (candidate.hash == hash && isEqual(candidate.key, theKey)) {
-                return candidate.number;
+            if (candidate.hash == hash && isEqual(keyOf(candidate.entry), theKey)) {
+                return numberOf(candidate.entry);
             }
         }
         const auto crowded = crowdedM.find(theKey);
-        return crowded == crowdedM.end() ? -1 : crowded->second;
+        return crowded == crowdedM.end() ? -1 : numberOf(crowded->second);
     }
 
     // Gives theKey, which must not have one, a number of 0 or above.
     void add(Key theKey, int theNumber) {
-        if (2 * ++countM > slotsM.size()) {
+        entriesM.push_back({theKey, theNumber});
+        if (2 * entriesM.size() > slotsM.size()) {
             grow();
         }
-        place({theKey, hashOf(theKey), theNumber});
+        place({hashOf(theKey), static_cast<std::uint32_t>(entriesM.size())});
     }
 
   private:
+    // A slot is small, so that the table stays in the processor's cache; what it stands for is
+    // looked at only when the hashes agree.
     struct Slot {
-        Key key{};
         std::uint32_t hash = 0;
-        int number = -1;
+        std::uint32_t entry = 0;  // from 1; 0 is a free slot
+    };
+    struct Entry {
+        Key key;
+        int number;
     };
 
     // How many slots a key may be away from its own. In a table at most half full ordinary keys
@@ -55,53 +63,52 @@ class CpsNumberTable {
 
     std::size_t mask() const noexcept { return slotsM.size() - 1; }
 
-    // FNV-1a: texts are short, and a call of the library's hash costs more than it.
     static std::uint32_t hashOf(std::string_view theText) noexcept {
-        std::uint64_t hash = 0xCBF29CE484222325;
-        for (const char c : theText) {
-            hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
-        }
-        return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+        return CpsBytes::hashOf(theText);
     }
     static std::uint32_t hashOf(std::uint32_t theValue) noexcept {
         return static_cast<std::uint32_t>((theValue * 0x9E3779B97F4A7C15u) >> 32);
     }
     static bool isEqual(std::string_view theLeft, std::string_view theRight) noexcept {
-        return theLeft == theRight;
+        return CpsBytes::areSame(theLeft, theRight);
     }
     static bool isEqual(std::uint32_t theLeft, std::uint32_t theRight) noexcept {
         return theLeft == theRight;
     }
 
+    const Key& keyOf(std::uint32_t theEntry) const { return entriesM[theEntry - 1].key; }
+    int numberOf(std::uint32_t theEntry) const { return entriesM[theEntry - 1].number; }
+
     void place(const Slot& theNew) {
         std::size_t slot = theNew.hash & mask();
         for (std::size_t probe = 0; probe < theMaxProbes; ++probe, slot = (slot + 1) & mask()) {
-            if (slotsM[slot].number < 0) {
+            if (slotsM[slot].entry == 0) {
                 slotsM[slot] = theNew;
                 return;
             }
         }
-        crowdedM.emplace(theNew.key, theNew.number);
+        crowdedM.emplace(keyOf(theNew.entry), theNew.entry);
     }
 
+    // In a larger table those that were crowded may find a place.
     void grow() {
         std::vector<Slot> old(slotsM.empty() ? 64 : 2 * slotsM.size());
         old.swap(slotsM);
         for (const Slot& slot : old) {
-            if (slot.number >= 0) {
+            if (slot.entry != 0) {
                 place(slot);
             }
         }
-        std::map<Key, int> crowded;
+        std::map<Key, std::uint32_t> crowded;
         crowded.swap(crowdedM);
-        for (const auto& [key, number] : crowded) {
-            place({key, hashOf(key), number});
+        for (const auto& [key, entry] : crowded) {
+            place({hashOf(key), entry});
         }
     }
 
     std::vector<Slot> slotsM;  // open addressing, at most half full, its size a power of two
-    std::size_t countM = 0;
-    std::map<Key, int> crowdedM;  // keys that found no slot near
+    std::vector<Entry> entriesM;
+    std::map<Key, std::uint32_t> crowdedM;  // keys that found no slot near
 };
 
 }  // namespace lumnis

@@ -92,17 +92,15 @@ CpsString& CpsString::assign(const CpsString& theOther, std::uint32_t thePositio
     return assign(part);
 }
 
-CpsString& CpsString::append(std::string_view theText) {
+CpsString& CpsString::appendGrowing(std::string_view theText) {
+    // The text may be a part of the buffer that is about to go.
     const char* source = theText.data();
-    if (theText.size() + 1 > static_cast<std::size_t>(limitM - endM)) {
-        // The text may be a part of the buffer that is about to go.
-        const bool isInside = !std::less<>()(source, static_cast<const char*>(beginM)) &&
-                              std::less<>()(source, static_cast<const char*>(endM));
-        const std::ptrdiff_t offset = isInside ? source - beginM : 0;
-        growBy(theText.size());
-        if (isInside) {
-            source = beginM + offset;
-        }
+    const bool isInside = !std::less<>()(source, static_cast<const char*>(beginM)) &&
+                          std::less<>()(source, static_cast<const char*>(endM));
+    const std::ptrdiff_t offset = isInside ? source - beginM : 0;
+    growBy(theText.size());
+    if (isInside) {
+        source = beginM + offset;
     }
     copyBytes(endM, source, theText.size());
     endM += theText.size();

@@ -45,7 +45,13 @@ class CpsString {
     CpsString& assign(const CpsString& theOther, std::uint32_t thePosition, std::uint32_t theCount);
 
     // Appends. theText may lie inside this string.
-    CpsString& append(std::string_view theText);
+    CpsString& append(std::string_view theText) {
+        if (theText.size() < static_cast<std::size_t>(limitM - endM)) {
+            endM += theText.copy(endM, theText.size());
+            return *this;
+        }
+        return appendGrowing(theText);
+    }
     CpsString& append(const CpsString& theOther) { return append(theOther.view()); }
     CpsString& append(const char* theText) { return append(std::string_view(theText)); }
     CpsString& append(char theByte) {
@@ -128,6 +134,7 @@ class CpsString {
     // Swaps in a block of the next multiple of 256 above theLength, keeping theKept bytes.
     void reallocate(std::size_t theLength, std::size_t theKept);
     void growBy(std::size_t theCount);
+    CpsString& appendGrowing(std::string_view theText);
     void takeFrom(CpsString& theOther) noexcept;
     void release() noexcept {
         if (beginM != localM) {
