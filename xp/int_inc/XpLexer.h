@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -115,6 +116,9 @@ class XpLexer {
         cursorM = theCursor;
         lineM += theLineFeeds;
     }
+
+    // What the digits of a character reference name, if XML allows that character.
+    static std::optional<unsigned> characterOf(std::string_view theDigits, unsigned theRadix);
 
     // The line of the document, from 1, up to which it has been read. Line feeds inside of
     // replacement texts and attribute values do not count.

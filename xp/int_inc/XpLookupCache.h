@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "CpsBytes.h"
 #include "XpDtd.h"
 
 namespace lumnis {
@@ -17,9 +18,10 @@ class XpLookupCache {
     // As XpDtd::obtainElement.
     const XpDtd::Element& obtainElement(const XpDtd& theDtd, std::string_view theName) {
         return *recall(
-            elementsM[placeOf(hash(theName))],
+            elementsM[placeOf(CpsBytes::hashOf(theName))],
             [&](const XpDtd::Element* theElement) {
-                return theElement != nullptr && theElement->getName().view() == theName;
+                return theElement != nullptr &&
+                       CpsBytes::areSame(theElement->getName(), theName);
             },
             [&] { return &theDtd.obtainElement(theName); });
     }
@@ -27,10 +29,10 @@ class XpLookupCache {
     const XpDtd::Attribute& getAttribute(const XpDtd::Element& theElement,
                                          std::string_view theName) {
         return *recall(
-                    attributesM[placeOf(hash(theName) + theElement.getCreation())],
+                    attributesM[placeOf(CpsBytes::hashOf(theName) + theElement.getCreation())],
                     [&](const Use& theUse) {
                         return theUse.element == &theElement &&
-                               theUse.attribute->getName().view() == theName;
+                               CpsBytes::areSame(theUse.attribute->getName(), theName);
                     },
                     [&] {
                         return Use{&theElement, &theElement.getAttribute(theName)};
@@ -59,13 +61,6 @@ class XpLookupCache {
             std::swap(thePair[0], thePair[1]);
         }
         return thePair[0];
-    }
-    static std::uint64_t hash(std::string_view theName) {
-        std::uint64_t result = theName.size();
-        for (const char c : theName) {
-            result = result * 33 + static_cast<unsigned char>(c);
-        }
-        return result;
     }
     static std::size_t placeOf(std::uint64_t theHash) {
         return static_cast<std::size_t>((theHash * 0x9E3779B97F4A7C15u) >> (64 - theBits));

@@ -1,6 +1,6 @@
-// Reads the plain part of a document's body in one loop: elements whose attributes and text hold
-// no references, which is nearly all of a deck. The generated parser takes some five steps a
-// token for the same.
+// Reads the plain part of a document's body in one loop: elements, attributes, and text without
+// references to entities, which is nearly all of a deck. The generated parser takes some five steps
+// a token for the same.
 //
 // It is a short cut through that parser, not another one. It calls the same actions in the same
 // order, each when the same text has been read, and leaves the same states on the parser's stack.
@@ -45,6 +45,7 @@ class XpPlainContent {
   private:
     bool readInTag(XpParserBase& theParser, State*& theTop) const;
     bool readInContent(XpParserBase& theParser, State*& theTop) const;
+    void takeReferences(XpParserBase& theParser, const XpPlainText& theText, bool isOpened) const;
     bool readEndTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
     bool readStartTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
     // True if the element whose attributes state is at theTag stands in the content of another.

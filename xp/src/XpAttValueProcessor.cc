@@ -1,7 +1,9 @@
 #include "XpAttValueProcessor.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "XpBytes.h"
 #include "XpFsm.h"
 #include "XpGrammar.h"
 #include "XpLexer.h"
@@ -11,14 +13,19 @@ namespace lumnis {
 
 namespace {
 
-// Reads the tokens of one value. The end of the text pops the condition.
+// Reads the tokens of one value, the whole of which mostly is one: such a value passes the scanner.
 class TokenReader {
   public:
     TokenReader(XpLexer& theLexer, const CpsString& theText, XpLexer::Condition theCondition,
                 const char* theType)
         : lexerM(theLexer),
           tokenM(theCondition == XpLexer::ATTNAME ? XP_NAME : XP_NAME_TOKEN),
-          typeM(theType) {
+          typeM(theType),
+          isSingleM(isPlainToken(theText, theCondition)) {
+        if (isSingleM) {
+            singleM = theText;
+            return;
+        }
         theText.c_str();
         lexerM.yy_push_state(theCondition);
         lexerM.pushInput(&theText, XP_END_EXPANSION);
@@ -33,6 +40,9 @@ class TokenReader {
     }
     // False at the end of the text.
     bool next() {
+        if (isSingleM) {
+            return !std::exchange(isReadM, true);
+        }
         const int token = lexerM.yylex();
         if (token == tokenM) {
             return true;
@@ -43,7 +53,7 @@ class TokenReader {
         lexerM.yy_pop_state();
         return false;
     }
-    std::string_view token() const { return lexerM.getTokenText(); }
+    std::string_view token() const { return isSingleM ? singleM : lexerM.getTokenText(); }
     void finish() {
         if (next()) {
             fail();
@@ -51,6 +61,13 @@ class TokenReader {
     }
 
   private:
+    // Of ASCII alone.
+    static bool isPlainToken(std::string_view theText, XpLexer::Condition theCondition) {
+        return !theText.empty() &&
+               (theCondition != XpLexer::ATTNAME ||
+                XpBytes::isNameStart(static_cast<unsigned char>(theText[0]))) &&
+               std::all_of(theText.begin(), theText.end(), XpBytes::isName);
+    }
     [[noreturn]] void fail() {
         lexerM.fail(CpsString("error parsing ") + typeM + " attribute value");
     }
@@ -58,6 +75,9 @@ class TokenReader {
     XpLexer& lexerM;
     int tokenM;
     const char* typeM;
+    bool isSingleM;
+    bool isReadM = false;
+    std::string_view singleM;
 };
 
 const XpDtd::Entity* unparsedEntity(std::string_view theName, XpLexer& theLexer,

@@ -4,6 +4,7 @@
 // the parent, keeps that state on nodeStackM, and goes to the start of the element's own model.
 #include <utility>
 
+#include "CpsBytes.h"
 #include "XpAttValueProcessor.h"
 #include "XpContentNode.h"
 #include "XpLexer.h"
@@ -205,7 +206,7 @@ void XpParserBase::endEmptyElement() {
 
 void XpParserBase::endElement(std::string_view theName) {
     takeEnd("unexpected end of element");
-    if (!(currentElementM->getName() == theName)) {
+    if (!CpsBytes::areSame(currentElementM->getName(), theName)) {
         fail("element tag mismatch: <" + currentElementM->getName() + "> ... </" + theName + ">");
     }
     finishElement();

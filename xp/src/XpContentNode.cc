@@ -95,23 +95,31 @@ const XpDtd::FsmNode& XpDtd::FsmNode::finalNode() {
 }
 
 const XpDtd::FsmNode* XpDtd::FsmNode::find(const Item* theItem) const {
-    const Transition* const row = rowM.size <= 1 ? &rowM.one : rowM.table;
     const std::size_t size = rowM.size;
-    // Most nodes know few items, and identity needs no look at them.
-    constexpr std::size_t theScanLimit = 8;
-    if (size <= theScanLimit) {
-        for (std::size_t i = 0; i < size; ++i) {
-            if (row[i].item == theItem) {
-                return row[i].target;
-            }
-        }
-        return nullptr;
+    if (size <= 1) {
+        return size == 1 && rowM.one.item == theItem ? rowM.one.target : nullptr;
     }
+    // The most frequent ones: "#PCDATA" is older than any element, and "[END]" is the last.
+    const Transition* const row = rowM.table;
     const Transition* const last = row + size - 1;
+    if (row->item == theItem) {
+        return row->target;
+    }
     if (last->item == theItem) {
         return last->target;
     }
-    const Transition* place = std::lower_bound(row, last, theItem->getCreation(), isMadeBefore);
+    // Most nodes know few items, and identity needs no look at them.
+    constexpr std::size_t theScanLimit = 16;
+    const Transition* place = row + 1;
+    if (size <= theScanLimit) {
+        while (place != last && place->item != theItem) {
+            ++place;
+        }
+    } else if (isMadeBefore(*row, theItem->getCreation())) {
+        place = std::lower_bound(place, last, theItem->getCreation(), isMadeBefore);
+    } else {
+        return nullptr;
+    }
     return place != last && place->item == theItem ? place->target : nullptr;
 }
 

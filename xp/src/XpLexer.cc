@@ -141,7 +141,7 @@ void XpLexer::takeRun(const unsigned char* theCursor) {
     }
 }
 
-int XpLexer::characterToken(std::string_view theDigits, unsigned theRadix) {
+std::optional<unsigned> XpLexer::characterOf(std::string_view theDigits, unsigned theRadix) {
     unsigned codePoint = 0;
     for (const char digit : theDigits) {
         const unsigned value = digit <= '9' ? static_cast<unsigned>(digit - '0')
@@ -149,10 +149,15 @@ int XpLexer::characterToken(std::string_view theDigits, unsigned theRadix) {
         // Stays above the last code point once it is there.
         codePoint = std::min(codePoint, theLastCodePoint + 1) * theRadix + value;
     }
-    if (!isXmlChar(codePoint)) {
+    return isXmlChar(codePoint) ? std::optional(codePoint) : std::nullopt;
+}
+
+int XpLexer::characterToken(std::string_view theDigits, unsigned theRadix) {
+    const auto codePoint = characterOf(theDigits, theRadix);
+    if (!codePoint) {
         failAtText("illegal character entity ");
     }
-    yylvalM.codePoint = codePoint;
+    yylvalM.codePoint = *codePoint;
     return XP_CHARREF;
 }
 

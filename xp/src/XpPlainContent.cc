@@ -1,9 +1,11 @@
 #include "XpPlainContent.h"
 
-#include <array>
-#include <cstring>
+#include <optional>
 #include <string_view>
+#include <utility>
 
+#include "CpsBytes.h"
+#include "XpBytes.h"
 #include "XpLexer.h"
 #include "XpParserBase.h"
 
@@ -14,50 +16,42 @@ namespace {
 // The most that one step pushes, and one for the parser itself, which grows its stack early.
 constexpr std::ptrdiff_t theRoom = 8;
 
-enum ByteClass : unsigned char {
-    SPACE = 1,
-    NAME_START = 2,
-    NAME = 4,
-    TEXT_END = 8,   // ends a run of text, or makes it one that is not plain
-    VALUE_END = 16  // the same for the value of an attribute
-};
-
-// Of ASCII alone: other bytes are no part of a plain name.
-constexpr std::array<unsigned char, 256> makeClasses() {
-    std::array<unsigned char, 256> classes{};
-    const auto mark = [&](std::string_view theBytes, unsigned theClass) {
-        for (const char byte : theBytes) {
-            auto& place = classes[static_cast<unsigned char>(byte)];
-            place = static_cast<unsigned char>(place | theClass);
-        }
-    };
-    mark(" \t\n\r", SPACE);
-    mark("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz_:", NAME_START | NAME);
-    mark("0123456789.-", NAME);
-    mark(std::string_view("<&]\0", 4), TEXT_END);
-    mark(std::string_view("<&\t\n\r\"'\0", 8), VALUE_END);
-    return classes;
-}
-
-constexpr auto theClasses = makeClasses();
-
-bool is(unsigned char theByte, ByteClass theClass) {
-    return (theClasses[theByte] & theClass) != 0;
-}
-
 std::string_view between(const unsigned char* theBegin, const unsigned char* theEnd) {
     return {reinterpret_cast<const char*>(theBegin), static_cast<std::size_t>(theEnd - theBegin)};
 }
 
 const unsigned char* skipName(const unsigned char* theAt) {
-    while (is(*theAt, NAME)) {
+    while (XpBytes::isName(*theAt)) {
         ++theAt;
     }
     return theAt;
 }
 
+struct Reference {
+    unsigned codePoint;
+    const unsigned char* end;
+};
+
+// The character reference at theAt, if it is one, and to a character that XML allows.
+std::optional<Reference> readReference(const unsigned char* theAt) {
+    if (theAt[0] != '&' || theAt[1] != '#') {
+        return std::nullopt;
+    }
+    const bool isHex = theAt[2] == 'x';
+    const unsigned char* const digits = theAt + (isHex ? 3 : 2);
+    const unsigned char* end = digits;
+    while (XpBytes::isDigit(*end) || (isHex && XpBytes::isHexDigit(*end))) {
+        ++end;
+    }
+    if (end == digits || *end != ';') {
+        return std::nullopt;
+    }
+    const auto codePoint = XpLexer::characterOf(between(digits, end), isHex ? 16 : 10);
+    return codePoint ? std::optional(Reference{*codePoint, end + 1}) : std::nullopt;
+}
+
 const unsigned char* skipSpace(const unsigned char* theAt, unsigned& theLineFeeds) {
-    while (is(*theAt, SPACE)) {
+    while (XpBytes::isSpace(*theAt)) {
         theLineFeeds += *theAt == '\n';
         ++theAt;
     }
@@ -71,7 +65,11 @@ struct XpPlainText {
     const unsigned char* begin;
     const unsigned char* end;
     unsigned lineFeeds;
-    bool isSpace;
+    bool isSpace;  // or nothing
+    bool hasReferences;
+
+    bool empty() const { return begin == end; }
+    std::string_view view() const { return between(begin, end); }
 };
 
 XpPlainContent::State* XpPlainContent::read(XpParserBase& theParser, State* theTop,
@@ -108,7 +106,7 @@ bool XpPlainContent::readInTag(XpParserBase& theParser, State*& theTop) const {
         theTop = leave(theTop);
         return true;
     }
-    if (at == begin || !is(*at, NAME_START)) {
+    if (at == begin || !XpBytes::isNameStart(*at)) {
         return false;
     }
     const unsigned char* const name = at;
@@ -119,31 +117,80 @@ bool XpPlainContent::readInTag(XpParserBase& theParser, State*& theTop) const {
     const unsigned char* const nameEnd = at;
     const unsigned char quote = at[1];
     const unsigned char* const value = at + 2;
-    for (at = value; !is(*at, VALUE_END); ++at) {
+    for (at = value; !XpBytes::isValueEnd(*at); ++at) {
     }
-    if (*at != quote) {
-        return false;
+    const bool isPlain = *at == quote;
+    for (; *at != quote; ++at) {
+        if (*at == '\0') {
+            return false;  // the end, or a byte of the value: the scanner knows
+        }
+        lineFeeds += *at == '\n';
     }
     lexer.skipTo(at + 1, lineFeeds);
-    theParser.addPlainAttribute(between(name, nameEnd), between(value, at));
+    if (isPlain) {
+        theParser.addPlainAttribute(between(name, nameEnd), between(value, at));
+    } else {
+        theParser.addAttribute(*lexer.internString(between(name, nameEnd)),
+                               *lexer.internString(between(value, at)));
+    }
     return true;
 }
 
 bool XpPlainContent::readInContent(XpParserBase& theParser, State*& theTop) const {
     const unsigned char* const begin = theParser.getLexer().getCursor();
-    XpPlainText text{begin, begin, 0, true};
+    XpPlainText text{begin, begin, 0, true, false};
     text.end = skipSpace(begin, text.lineFeeds);
-    if (*text.end != '<') {
+    while (*text.end != '<') {
         text.isSpace = false;
-        for (; !is(*text.end, TEXT_END); ++text.end) {
+        for (; !XpBytes::isTextEnd(*text.end); ++text.end) {
             text.lineFeeds += *text.end == '\n';
         }
         if (*text.end != '<') {
-            return false;
+            const auto reference = readReference(text.end);
+            if (!reference) {
+                return false;
+            }
+            text.hasReferences = true;
+            text.end = reference->end;
         }
     }
     return text.end[1] == '/' ? readEndTag(theParser, theTop, text)
                               : readStartTag(theParser, theTop, text);
+}
+
+// Each piece of the text is an action of its own, and the lines count when it is read: the begin of
+// the element may find a fault.
+void XpPlainContent::takeReferences(XpParserBase& theParser, const XpPlainText& theText,
+                                    bool isOpened) const {
+    XpLexer& lexer = theParser.getLexer();
+    const auto begin = [&] {
+        if (std::exchange(isOpened, false)) {
+            theParser.beginWithContent();
+        }
+    };
+    for (const unsigned char* at = theText.begin; at != theText.end;) {
+        if (const auto reference = readReference(at)) {
+            lexer.skipTo(reference->end, 0);
+            begin();
+            theParser.addCharacter(reference->codePoint);
+            at = reference->end;
+            continue;
+        }
+        unsigned lineFeeds = 0;
+        const unsigned char* end = skipSpace(at, lineFeeds);
+        const bool isSpace = end == theText.end || *end == '&';
+        for (; end != theText.end && *end != '&'; ++end) {
+            lineFeeds += *end == '\n';
+        }
+        lexer.skipTo(end, lineFeeds);
+        if (isSpace) {
+            theParser.addSpace(between(at, end));
+        } else {
+            begin();
+            theParser.addCharData(between(at, end));
+        }
+        at = end;
+    }
 }
 
 bool XpPlainContent::readEndTag(XpParserBase& theParser, State*& theTop,
@@ -153,23 +200,28 @@ bool XpPlainContent::readEndTag(XpParserBase& theParser, State*& theTop,
     const std::string_view rest = between(theText.end + 2, lexer.getLimit());
     const bool isOpened = *theTop == statesM.opened;
     State* const tag = theTop - (isOpened ? 2 : 4);
-    if (rest.size() <= name.size() || rest[name.size()] != '>' || !rest.starts_with(name) ||
-        !isInContent(tag)) {
+    if (rest.size() <= name.size() || rest[name.size()] != '>' ||
+        !CpsBytes::beginsWith(rest, name) || !isInContent(tag)) {
         return false;
     }
-    lexer.skipTo(theText.end + 2 + name.size() + 1, theText.lineFeeds);
-    const bool hasText = theText.begin != theText.end;
-    if (hasText && !theText.isSpace) {
-        if (isOpened) {
-            theParser.beginWithContent();
-        }
-        theParser.addCharData(between(theText.begin, theText.end));
+    const unsigned char* const end = theText.end + 2 + name.size() + 1;
+    if (theText.hasReferences) {
+        takeReferences(theParser, theText, isOpened);
+        lexer.skipTo(end, 0);
     } else {
-        if (hasText) {
-            theParser.addSpace(between(theText.begin, theText.end));
-        }
-        if (isOpened) {
-            theParser.beginWithoutContent(hasText);
+        lexer.skipTo(end, theText.lineFeeds);
+        if (!theText.isSpace) {
+            if (isOpened) {
+                theParser.beginWithContent();
+            }
+            theParser.addCharData(theText.view());
+        } else {
+            if (!theText.empty()) {
+                theParser.addSpace(theText.view());
+            }
+            if (isOpened) {
+                theParser.beginWithoutContent(!theText.empty());
+            }
         }
     }
     theParser.flushCharData();
@@ -182,23 +234,29 @@ bool XpPlainContent::readEndTag(XpParserBase& theParser, State*& theTop,
 bool XpPlainContent::readStartTag(XpParserBase& theParser, State*& theTop,
                                   const XpPlainText& theText) const {
     const unsigned char* const name = theText.end + 1;
-    if (!is(*name, NAME_START)) {
+    if (!XpBytes::isNameStart(*name)) {
         return false;
     }
     const unsigned char* const nameEnd = skipName(name + 1);
     if (*nameEnd >= 0x80) {
         return false;
     }
-    theParser.getLexer().skipTo(nameEnd, theText.lineFeeds);
+    XpLexer& lexer = theParser.getLexer();
     const bool isOpened = *theTop == statesM.opened;
-    if (theText.begin != theText.end && theText.isSpace) {
-        theParser.addSpace(between(theText.begin, theText.end));
-    }
-    if (isOpened) {
-        theParser.beginWithContent();
-    }
-    if (!theText.isSpace) {
-        theParser.addCharData(between(theText.begin, theText.end));
+    if (theText.hasReferences) {
+        takeReferences(theParser, theText, isOpened);
+        lexer.skipTo(nameEnd, 0);
+    } else {
+        lexer.skipTo(nameEnd, theText.lineFeeds);
+        if (theText.isSpace && !theText.empty()) {
+            theParser.addSpace(theText.view());
+        }
+        if (isOpened) {
+            theParser.beginWithContent();
+        }
+        if (!theText.isSpace) {
+            theParser.addCharData(theText.view());
+        }
     }
     theParser.flushCharData();
     theParser.beginElement(between(name, nameEnd));

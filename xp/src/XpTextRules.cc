@@ -32,7 +32,7 @@ void appendReplacing(CpsString& theOutput, std::string_view theText, Test isSpec
 
 void XpTextRules::append(CpsString& theOutput, std::string_view theText) {
     const std::uint64_t length = std::uint64_t{theOutput.length()} + theText.size();
-    if (length > theOutput.capacity() && length <= theLongest) {
+    if (length > theOutput.capacity() && length <= theLongest) [[unlikely]] {
         constexpr std::uint64_t theMostAtOnce = 1u << 30;
         const std::uint64_t wanted =
             length + std::min<std::uint64_t>(theOutput.length(), theMostAtOnce);
