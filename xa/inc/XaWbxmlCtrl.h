@@ -17,6 +17,7 @@
 #include "CcCharsetConverter.h"
 #include "CpsString.h"
 #include "HedCharsetId.h"
+#include "XaBytes.h"
 #include "XaWbxmlToken.h"
 #include "XpDtd.h"
 
@@ -48,8 +49,8 @@ class XaWbxmlCtrl {
     void addProlog(const CpsString& theProlog) { prologM = theProlog; }
 
     // Bytes of the body.
-    void addToOutput(unsigned char theByte) { bodyM.push_back(static_cast<char>(theByte)); }
-    void addToOutput(std::string_view theBytes) { append(bodyM, theBytes); }
+    void addToOutput(unsigned char theByte) { bodyM.append(theByte); }
+    void addToOutput(std::string_view theBytes) { bodyM.append(theBytes); }
     // Takes back the byte that has been written last; behind a string there is none.
     void popLastOutputByte();
 
@@ -93,16 +94,13 @@ class XaWbxmlCtrl {
 
   private:
     struct OutputStringBlock;
-    // A std::string would call for each byte that is added.
-    using Bytes = std::vector<char>;
 
-    static void append(Bytes& theBytes, std::string_view theMore) {
-        theBytes.insert(theBytes.end(), theMore.begin(), theMore.end());
-    }
+    // The number of theText among the strings of the document.
+    std::uint32_t numberOf(std::string_view theText);
     void switchPage(unsigned& theCurrent, unsigned thePage);
 
     CpsString prologM;
-    Bytes bodyM;  // without its strings; it may be long, and grows by factors
+    XaBytes bodyM;                           // without its strings
     std::vector<OutputStringBlock> blocksM;  // the slots, in document order
     std::unique_ptr<StringTable> stringTableM;
     CcCharsetConverter converterM;

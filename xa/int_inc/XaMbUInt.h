@@ -1,6 +1,7 @@
 // A number as a multi-byte integer (WBXML 1.3, 5.1), ready to be written.
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -17,6 +18,10 @@ class XaMbUInt {
         }
     }
 
+    // How many bytes theValue takes.
+    static constexpr std::size_t lengthOf(std::uint32_t theValue) {
+        return static_cast<std::size_t>(std::bit_width(theValue | 1) + 6) / 7;
+    }
     constexpr std::size_t length() const { return theMaxLength - beginM; }
     constexpr std::string_view view() const { return {bytesM + beginM, length()}; }
 

@@ -26,15 +26,16 @@ class XaWbxmlCtrl::StringTable {
     StringTable(const StringTable&) = delete;
     StringTable& operator=(const StringTable&) = delete;
 
-    // The number of theString, which is new if it has not been there before.
-    Number obtainNumber(std::string_view theString);
+    // The number of theString, which is new if it has not been there before. With isBare it lacks
+    // its terminator, which is one NUL then; all strings of a table are alike in that.
+    Number obtainNumber(std::string_view theString, bool isBare);
     // One more occurrence as a string of the body.
     void count(Number theNumber) { stringsM[theNumber].count++; }
     // The offset of the string, which is put into the table if it is not there.
     std::uint32_t addString(Number theNumber);
     // Writes the string to theOutput: inline, or as a reference to the table, into which it may
     // come by that. The counts of all strings must be complete. True for a reference.
-    bool conditionalAddString(Number theNumber, Bytes& theOutput);
+    bool conditionalAddString(Number theNumber, XaBytes& theOutput);
 
     // As they go into the document.
     const std::string& getStringTableContent() const { return contentM; }
@@ -45,7 +46,7 @@ class XaWbxmlCtrl::StringTable {
 
     // What is known of one string.
     struct Usage {
-        std::string_view text;              // in memoryM
+        std::string_view text;              // with its terminator, in memoryM
         std::int64_t offset = theNoOffset;  // in the table, or theNoOffset
         std::uint32_t count = 0;            // occurrences as a string of the body
     };

@@ -28,23 +28,27 @@ XaWbxmlCtrl::~XaWbxmlCtrl() = default;
 void XaWbxmlCtrl::popLastOutputByte() {
     const std::size_t slot = blocksM.empty() ? 0 : blocksM.back().position;
     if (bodyM.size() > slot) {
-        bodyM.pop_back();
+        bodyM.dropLast();
     }
 }
 
 void XaWbxmlCtrl::addStringToOutput(std::string_view theText) {
-    const StringTable::Number number = stringTableM->obtainNumber(convert(theText));
+    const StringTable::Number number = numberOf(theText);
     stringTableM->count(number);
     blocksM.push_back({bodyM.size(), number});
 }
 
 CpsString XaWbxmlCtrl::addStringToStringtable(std::string_view theText) {
-    return getAsMbUInt(stringTableM->addString(stringTableM->obtainNumber(convert(theText))));
+    return getAsMbUInt(stringTableM->addString(numberOf(theText)));
 }
 
 void XaWbxmlCtrl::addOffsetToOutput(std::string_view theText) {
-    addToOutput(
-        XaMbUInt(stringTableM->addString(stringTableM->obtainNumber(convert(theText)))).view());
+    addToOutput(XaMbUInt(stringTableM->addString(numberOf(theText))).view());
+}
+
+std::uint32_t XaWbxmlCtrl::numberOf(std::string_view theText) {
+    return charsetM == theUtf8Charset ? stringTableM->obtainNumber(theText, true)
+                                      : stringTableM->obtainNumber(convert(theText), false);
 }
 
 const CpsString& XaWbxmlCtrl::convert(std::string_view theText) {
@@ -108,23 +112,23 @@ void XaWbxmlCtrl::switchPage(unsigned& theCurrent, unsigned thePage) {
 
 CpsString XaWbxmlCtrl::makeOutput() {
     const FwTraceScope scope("XaWbxmlCtrl::makeOutput");
-    const std::string_view tokens(bodyM.data(), bodyM.size());
-    Bytes body;
+    const std::string_view tokens = bodyM.view();
+    XaBytes body;
     body.reserve(2 * bodyM.size());
     std::size_t position = 0;
     for (const OutputStringBlock& block : blocksM) {
-        append(body, tokens.substr(position, block.position - position));
+        body.append(tokens.substr(position, block.position - position));
         position = block.position;
         stringTableM->conditionalAddString(block.string, body);
     }
-    append(body, tokens.substr(position));
+    body.append(tokens.substr(position));
 
     const std::string& table = stringTableM->getStringTableContent();
     CpsString output = prologM + stringTableM->getLength();
     const std::size_t length = output.length() + table.size() + body.size();
     output.reserve(static_cast<std::uint32_t>(std::min<std::size_t>(length, UINT32_MAX)));
     output += table;
-    output += std::string_view(body.data(), body.size());
+    output += body.view();
     return output;
 }
 

@@ -10,23 +10,25 @@
 // the string.
 #include "XaWbxmlStringTable.h"
 
-#include <cstring>
-
 #include "XaMbUInt.h"
 
 namespace lumnis {
 
 XaWbxmlCtrl::StringTable::Number XaWbxmlCtrl::StringTable::obtainNumber(
-    std::string_view theString) {
+    std::string_view theString, bool isBare) {
     const int known = numbersM.find(theString);
     if (known >= 0) {
         return static_cast<Number>(known);
     }
-    auto* bytes = static_cast<char*>(memoryM.allocate(theString.size()));
-    std::memcpy(bytes, theString.data(), theString.size());
+    const std::size_t size = theString.size() + (isBare ? 1 : 0);
+    auto* bytes = static_cast<char*>(memoryM.allocate(size));
+    theString.copy(bytes, theString.size());
+    if (isBare) {
+        bytes[theString.size()] = '\0';
+    }
     const auto number = static_cast<Number>(stringsM.size());
-    stringsM.push_back({{bytes, theString.size()}});
-    numbersM.add(stringsM.back().text, static_cast<int>(number));
+    stringsM.push_back({{bytes, size}});
+    numbersM.add({bytes, theString.size()}, static_cast<int>(number));
     return number;
 }
 
@@ -39,21 +41,21 @@ std::uint32_t XaWbxmlCtrl::StringTable::addString(Number theNumber) {
     return static_cast<std::uint32_t>(usage.offset);
 }
 
-bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, Bytes& theOutput) {
+bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, XaBytes& theOutput) {
     const Usage& usage = stringsM[theNumber];
     const bool isNew = usage.offset == theNoOffset;
-    const XaMbUInt offset(isNew ? static_cast<std::uint32_t>(contentM.size())
-                                : static_cast<std::uint32_t>(usage.offset));
+    const auto offset = static_cast<std::uint32_t>(
+        isNew ? contentM.size() : static_cast<std::size_t>(usage.offset));
     const auto length = static_cast<std::int64_t>(usage.text.size());
-    const std::int64_t saving = length - static_cast<std::int64_t>(offset.length());
+    const std::int64_t saving = length - static_cast<std::int64_t>(XaMbUInt::lengthOf(offset));
     if (saving <= 0 || (isNew && saving * usage.count <= length)) {
-        theOutput.push_back(static_cast<char>(XaWbxmlToken::STR_I));
-        append(theOutput, usage.text);
+        theOutput.append(XaWbxmlToken::STR_I);
+        theOutput.append(usage.text);
         return false;
     }
     addString(theNumber);
-    theOutput.push_back(static_cast<char>(XaWbxmlToken::STR_T));
-    append(theOutput, offset.view());
+    theOutput.append(XaWbxmlToken::STR_T);
+    theOutput.append(XaMbUInt(offset).view());
     return true;
 }
 

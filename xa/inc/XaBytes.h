@@ -1,0 +1,61 @@
+// Bytes of a document that is being written: they grow at the end, by factors. A std::string or
+// std::vector would call for each piece that is added, and most pieces are short.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <cstring>
+#include <memory>
+#include <string_view>
+
+namespace lumnis {
+
+class XaBytes {
+  public:
+    XaBytes() = default;
+
+    void append(unsigned char theByte) {
+        if (sizeM == capacityM) {
+            grow(1);
+        }
+        bytesM[sizeM++] = static_cast<char>(theByte);
+    }
+    // theBytes must not lie in this object.
+    void append(std::string_view theBytes) {
+        if (theBytes.size() > capacityM - sizeM) {
+            grow(theBytes.size());
+        }
+        if (!theBytes.empty()) {
+            std::memcpy(bytesM.get() + sizeM, theBytes.data(), theBytes.size());
+            sizeM += theBytes.size();
+        }
+    }
+    // There must be one.
+    void dropLast() { --sizeM; }
+    void reserve(std::size_t theSize) {
+        if (theSize > capacityM) {
+            grow(theSize - sizeM);
+        }
+    }
+    std::size_t size() const { return sizeM; }
+    std::string_view view() const { return {bytesM.get(), sizeM}; }
+
+  private:
+    void grow(std::size_t theMore) {
+        const std::size_t capacity = std::max({theLeast, 2 * capacityM, sizeM + theMore});
+        auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
+        if (sizeM != 0) {
+            std::memcpy(bytes.get(), bytesM.get(), sizeM);
+        }
+        bytesM = std::move(bytes);
+        capacityM = capacity;
+    }
+
+    static constexpr std::size_t theLeast = 256;
+
+    std::unique_ptr<char[]> bytesM;
+    std::size_t sizeM = 0;
+    std::size_t capacityM = 0;
+};
+
+}  // namespace lumnis
