@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "CpsBytes.h"
 #include "WmlActorException.h"
 #include "WmlTokens.h"
 
@@ -31,7 +32,7 @@ const XpDtd::AttValue* findStated(const XpDtd::Attribute& theAttr,
 const WmlActor::Prefix* cutPrefix(std::string_view& theValue,
                                   const WmlActor::PrefixTable& thePrefixes) {
     for (const WmlActor::Prefix& prefix : thePrefixes) {
-        if (theValue.starts_with(prefix.text)) {
+        if (CpsBytes::beginsWith(theValue, prefix.text)) {
             theValue.remove_prefix(prefix.text.size());
             return &prefix;
         }
@@ -43,7 +44,7 @@ const WmlActor::Prefix* findLongest(std::string_view theValue,
                                     const WmlActor::PrefixTable& thePrefixes) {
     const WmlActor::Prefix* longest = nullptr;
     for (const WmlActor::Prefix& prefix : thePrefixes) {
-        if (theValue.starts_with(prefix.text) &&
+        if (CpsBytes::beginsWith(theValue, prefix.text) &&
             (longest == nullptr || prefix.text.size() > longest->text.size())) {
             longest = &prefix;
         }

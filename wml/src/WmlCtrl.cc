@@ -4,6 +4,7 @@
 #include <array>
 #include <bitset>
 
+#include "CpsBytes.h"
 #include "WmlText.h"
 #include "WmlTokens.h"
 
@@ -12,16 +13,20 @@ namespace {
 
 constexpr const char* theBadFirstCharacter = "Variable name has to begin with alpha or '_'\n";
 
-// The value table by the bytes of its texts, and where the texts of each first byte begin.
+// The value table by the bytes of its texts, their second bytes, and where the texts of each first
+// byte begin. None of them is shorter than two bytes.
 struct ValueIndex {
     static constexpr std::size_t theSize = theWmlAttrValueTokens.size();
 
     std::array<WmlAttrValueToken, theSize> rows = theWmlAttrValueTokens;
+    std::array<char, theSize> seconds{};
     std::array<unsigned char, 257> starts{};
 
     constexpr ValueIndex() {
         std::sort(rows.begin(), rows.end(),
                   [](const auto& a, const auto& b) { return a.text < b.text; });
+        std::transform(rows.begin(), rows.end(), seconds.begin(),
+                       [](const auto& row) { return row.text[1]; });
         for (const WmlAttrValueToken& row : rows) {
             for (std::size_t k = static_cast<unsigned char>(row.text[0]) + 1U; k < 257; ++k) {
                 ++starts[k];
@@ -248,12 +253,16 @@ void WmlCtrl::tokenizeAttributeValue(std::string_view theValue) {
     std::bitset<ValueIndex::theSize> seen;
     std::size_t cursor = 0;
     bool hasToken = false;
-    for (std::size_t position = 0; position < theValue.size(); ++position) {
+    for (std::size_t position = 0; position + 1 < theValue.size(); ++position) {
         const auto byte = static_cast<unsigned char>(theValue[position]);
+        const char second = theValue[position + 1];
         const WmlAttrValueToken* found = nullptr;
         for (std::size_t k = theValueIndex.starts[byte]; k < theValueIndex.starts[byte + 1U]; ++k) {
+            if (theValueIndex.seconds[k] != second || seen[k]) {
+                continue;
+            }
             const WmlAttrValueToken& row = theValueIndex.rows[k];
-            if (!seen[k] && theValue.substr(position).starts_with(row.text)) {
+            if (CpsBytes::beginsWith(theValue.substr(position), row.text)) {
                 seen.set(k);
                 found = &row;
             }

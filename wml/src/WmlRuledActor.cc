@@ -131,6 +131,11 @@ void WmlRuledActor::writeElement(const XpDtd::AttributeMap& theAttributes, int t
     theCtrl.addToOutput(static_cast<unsigned char>(token | XaWbxmlToken::HAS_ATTRIBUTES));
     bool isAnyWritten = false;
     for (const AttributeRule& rule : attributeRulesM) {
+        // Most rules of most tags are about an attribute that is not there.
+        const bool isOfOne = rule.kind != Kind::SPECIAL && rule.kind != Kind::CORE;
+        if (isOfOne && theAttributes.find(rule.attribute) == nullptr) {
+            continue;
+        }
         isAnyWritten = writeAttribute(rule, theAttributes, theCtrl) || isAnyWritten;
     }
     if (isAnyWritten || bitM != Bit::TAKEN) {

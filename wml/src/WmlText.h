@@ -4,7 +4,9 @@
 namespace lumnis {
 
 constexpr bool isWmlSpace(char theByte) {
-    return theByte == ' ' || theByte == '\t' || theByte == '\r' || theByte == '\n';
+    // One comparison for most bytes.
+    return static_cast<unsigned char>(theByte) <= ' ' &&
+           (theByte == ' ' || theByte == '\t' || theByte == '\r' || theByte == '\n');
 }
 constexpr bool isWmlDigit(char theByte) {
     return theByte >= '0' && theByte <= '9';
