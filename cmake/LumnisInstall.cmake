@@ -17,9 +17,18 @@ foreach(folder entry wml xa xp wsc cc fw cps)
 endforeach()
 set(STATIC_LIBRARY ${PROJECT_BINARY_DIR}/liblumnisutil.a)
 set(STATIC_OBJECT ${PROJECT_BINARY_DIR}/lumnisutil.o)
+set(static_link -r --force-group-allocation -u WMLEncode -u WMLSCompile
+                --start-group ${static_archives} --end-group)
+if(LUMNIS_LTO)
+  list(TRANSFORM static_link REPLACE "^--" "-Wl,--")
+  set(static_link ${CMAKE_CXX_COMPILER} -O3 -fPIC -nostdlib -flto=auto -flinker-output=nolto-rel
+                  -Wno-free-nonheap-object
+                  ${static_link})
+else()
+  list(PREPEND static_link ${CMAKE_LINKER})
+endif()
 add_custom_command(OUTPUT ${STATIC_LIBRARY}
-  COMMAND ${CMAKE_LINKER} -r --force-group-allocation -u WMLEncode -u WMLSCompile
-          -o ${STATIC_OBJECT} --start-group ${static_archives} --end-group
+  COMMAND ${static_link} -o ${STATIC_OBJECT}
   COMMAND ${CMAKE_OBJCOPY} --keep-global-symbol=WMLEncode --keep-global-symbol=WMLSCompile
           ${STATIC_OBJECT}
   COMMAND ${CMAKE_COMMAND} -E rm -f ${STATIC_LIBRARY}

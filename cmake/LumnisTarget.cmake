@@ -8,6 +8,28 @@ function(lumnis_warnings target)
     $<$<BOOL:${LUMNIS_WERROR}>:-Werror>)
 endfunction()
 
+# lumnis_optimize_whole(TARGET): a program or shared library that is optimized across folders.
+function(lumnis_optimize_whole target)
+  if(LUMNIS_LTO)
+    # GCC 12 sees CpsString free the array that is a part of it.
+    target_link_options(${target} PRIVATE -flto=auto -Wno-free-nonheap-object)
+  endif()
+endfunction()
+
+# lumnis_link_as_is(): the targets of this folder from here on are not.
+macro(lumnis_link_as_is)
+  if(LUMNIS_LTO)
+    add_link_options(-fno-lto)
+  endif()
+endmacro()
+
+# lumnis_own_types(SOURCE PREFIX): the types of a generated parser get names of their own, which
+# bison gives to its functions alone.
+function(lumnis_own_types source prefix)
+  set_property(SOURCE ${source} APPEND PROPERTY COMPILE_DEFINITIONS
+    yysymbol_kind_t=${prefix}SymbolKind yyalloc=${prefix}StackItem)
+endfunction()
+
 # lumnis_folder(NAME SOURCES... [DEPENDS TARGETS...] [INCLUDE DIRS...]): one folder of the
 # library as a static target. INCLUDE are the folders whose headers others may see (src if left
 # out); DEPENDS are the folders that this one may call.
@@ -24,5 +46,8 @@ function(lumnis_folder name)
   # A unique symbol stays public when the static library hides the others.
   target_compile_options(lumnis_${name} PRIVATE
     $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fno-gnu-unique>)
+  if(LUMNIS_LTO)
+    target_compile_options(lumnis_${name} PRIVATE -flto=auto -ffat-lto-objects)
+  endif()
   lumnis_warnings(lumnis_${name})
 endfunction()

@@ -211,15 +211,6 @@ bool WmlCtrl::parseVData(std::string_view theSource, CpsString& theError, bool t
 }
 
 bool WmlCtrl::parsePcData(std::string_view theSource, CpsString& theError, bool thePreserve) {
-    if (!theSource.empty() && !hasVariables(theSource)) {
-        if (thePreserve) {
-            pcDataBufferM += theSource;
-        } else {
-            appendCollapsed(pcDataBufferM, theSource);
-        }
-        lastWasVarRefM = false;
-        return true;
-    }
     return splitAtVariables(
         theSource, theError, false,
         [&](CpsString& text) {
@@ -334,6 +325,11 @@ void WmlCtrl::removeWhitespaces(CpsString& theText) {
 
 void WmlCtrl::addInlineStringToPcData(std::string_view theText) {
     pcDataBufferM += theText;
+    lastWasVarRefM = false;
+}
+
+void WmlCtrl::addCollapsedPcData(std::string_view theText) {
+    appendCollapsed(pcDataBufferM, theText);
     lastWasVarRefM = false;
 }
 

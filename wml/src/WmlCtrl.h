@@ -63,6 +63,8 @@ class WmlCtrl : public XaWbxmlCtrl {
 
     // Text between tags becomes one string up to the next variable or flush.
     void addInlineStringToPcData(std::string_view theText);
+    // The same with each run of white space as one blank.
+    void addCollapsedPcData(std::string_view theText);
     void addVarRefToPcData(std::string_view theBytes);
     void flushPcData() override;
 

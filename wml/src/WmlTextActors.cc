@@ -10,18 +10,22 @@ namespace lumnis {
 void WmlPcDataActor::operator()(const CpsString& theText, void* theContext) {
     WmlCtrl& ctrl = WmlCtrl::wmlContextOf(theContext);
     const bool isPreserved = ctrl.getPreserveWhiteSpaceFlag();
-    CpsString text;
-    std::string_view rest = theText;
+    const bool hasVariables = theText.view().find('$') != std::string_view::npos;
+    if (!isPreserved && !hasVariables) {
+        ctrl.addCollapsedPcData(theText);  // most text, and nothing in it can be refused
+        return;
+    }
     // Elsewhere the ends go the way of all white space; and a message about a variable may quote
     // the text.
-    if (isPreserved || rest.find('$') != std::string_view::npos) {
-        text = theText;
-        WmlCtrl::removePrecedingWhitespaces(text, true);
-        WmlCtrl::removeWhitespacesAtEnd(text, true);
-        rest = text;
+    CpsString text(theText);
+    WmlCtrl::removePrecedingWhitespaces(text, true);
+    WmlCtrl::removeWhitespacesAtEnd(text, true);
+    if (!hasVariables) {
+        ctrl.addInlineStringToPcData(text);
+        return;
     }
     CpsString error;
-    if (!ctrl.parsePcData(rest, error, isPreserved)) {
+    if (!ctrl.parsePcData(text, error, isPreserved)) {
         throw WmlActorException(error);
     }
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CpsNumberTable.h"
 #include "XpDtd.h"
 
 namespace lumnis {
@@ -102,7 +103,7 @@ class XpDtd::Id final : public XpDtd::Item {
 // The IDs of one parse, each name once.
 class XpDtd::IdTable {
   public:
-    using Ids = std::map<std::string_view, std::unique_ptr<Id>>;  // the key is the name inside
+    using Ids = std::vector<std::unique_ptr<Id>>;
 
     IdTable();
     IdTable(const IdTable&) = delete;
@@ -111,11 +112,12 @@ class XpDtd::IdTable {
 
     // Made if there is none of that name.
     Id& obtain(std::string_view theName);
-    // In byte order of the names.
+    // In the order in which they were made.
     const Ids& getIds() const { return idsM; }
 
   private:
     Ids idsM;
+    CpsNumberTable<std::string_view> numbersM;  // of idsM, by name
 };
 
 class XpDtd::Attribute final : public XpDtd::Item {

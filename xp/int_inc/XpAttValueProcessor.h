@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 
 #include "XpDtd.h"
 
@@ -21,7 +22,7 @@ class XpDtd::AttValueProcessor {
     // theText has passed the text step: references expanded, white space made blanks.
     // theActiveDtd is the one to look in. theBuildingDtd may be extended; it is null in a
     // validating parse. Throws an XpException.
-    virtual std::unique_ptr<const AttValue> process(CpsString theText, XpLexer& theLexer,
+    virtual std::unique_ptr<const AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                     const XpDtd& theActiveDtd,
                                                     XpDtd* theBuildingDtd) const = 0;
     // True if an attribute of this type may be declared with theValue, which may be null.
@@ -35,7 +36,7 @@ class XpDtd::AttValueProcessor {
 class XpCDataProcessor final : public XpDtd::AttValueProcessor {
   public:
     bool isCData() const override { return true; }
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
@@ -43,7 +44,7 @@ class XpCDataProcessor final : public XpDtd::AttValueProcessor {
 // Enters the name in the scanner's table of IDs as defined; once for each name.
 class XpIdProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
     bool checkDefault(const XpDtd::AttValue* theValue,
@@ -54,14 +55,14 @@ class XpIdProcessor final : public XpDtd::AttValueProcessor {
 // Enters the name in the table, defined or not.
 class XpIdRefProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpIdRefsProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
@@ -69,28 +70,28 @@ class XpIdRefsProcessor final : public XpDtd::AttValueProcessor {
 // Wants the name of an unparsed entity.
 class XpEntityProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpEntitiesProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpNmTokenProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
 
 class XpNmTokensProcessor final : public XpDtd::AttValueProcessor {
   public:
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 };
@@ -100,7 +101,7 @@ class XpNotationProcessor final : public XpDtd::AttValueProcessor {
   public:
     explicit XpNotationProcessor(std::unique_ptr<XpDtd::Choice> theChoice);
     ~XpNotationProcessor() override;
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 
@@ -113,7 +114,7 @@ class XpEnumProcessor final : public XpDtd::AttValueProcessor {
   public:
     explicit XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice);
     ~XpEnumProcessor() override;
-    std::unique_ptr<const XpDtd::AttValue> process(CpsString theText, XpLexer& theLexer,
+    std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
 

@@ -16,7 +16,7 @@ namespace {
 // Reads the tokens of one value, the whole of which mostly is one: such a value passes the scanner.
 class TokenReader {
   public:
-    TokenReader(XpLexer& theLexer, const CpsString& theText, XpLexer::Condition theCondition,
+    TokenReader(XpLexer& theLexer, std::string_view theText, XpLexer::Condition theCondition,
                 const char* theType)
         : lexerM(theLexer),
           tokenM(theCondition == XpLexer::ATTNAME ? XP_NAME : XP_NAME_TOKEN),
@@ -26,12 +26,13 @@ class TokenReader {
             singleM = theText;
             return;
         }
-        theText.c_str();
+        textM = theText;
+        textM.c_str();
         lexerM.yy_push_state(theCondition);
-        lexerM.pushInput(&theText, XP_END_EXPANSION);
+        lexerM.pushInput(&textM, XP_END_EXPANSION);
     }
 
-    // The tokens lie in the text.
+    // The tokens are valid as long as the text and this object.
     std::string_view first() {
         if (!next()) {
             fail();
@@ -78,6 +79,7 @@ class TokenReader {
     bool isSingleM;
     bool isReadM = false;
     std::string_view singleM;
+    CpsString textM;  // for the scanner
 };
 
 const XpDtd::Entity* unparsedEntity(std::string_view theName, XpLexer& theLexer,
@@ -102,13 +104,14 @@ bool XpDtd::AttValueProcessor::checkDefault(const AttValue*, Attribute::DefaultK
     return true;
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(CpsString theText, XpLexer&,
+std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(std::string_view theText, XpLexer&,
                                                                  const XpDtd&, XpDtd*) const {
-    return std::make_unique<XpDtd::AttValueCData>(std::move(theText));
+    return std::make_unique<XpDtd::AttValueCData>(theText);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(CpsString theText, XpLexer& theLexer,
-                                                              const XpDtd&, XpDtd*) const {
+std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(std::string_view theText,
+                                                              XpLexer& theLexer, const XpDtd&,
+                                                              XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ID");
     XpDtd::Id& id = theLexer.getIds().obtain(reader.first());
     if (id.isDefined()) {
@@ -125,7 +128,7 @@ bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,
            (theKind == XpDtd::Attribute::IMPLIED || theKind == XpDtd::Attribute::REQUIRED);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(std::string_view theText,
                                                                  XpLexer& theLexer, const XpDtd&,
                                                                  XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREF");
@@ -134,7 +137,7 @@ std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(CpsString theTe
     return std::make_unique<XpDtd::AttValueIdRef>(&id, theLexer.shareIds());
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(std::string_view theText,
                                                                   XpLexer& theLexer, const XpDtd&,
                                                                   XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREFS");
@@ -145,7 +148,7 @@ std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(CpsString theT
     return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids), theLexer.shareIds());
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(std::string_view theText,
                                                                   XpLexer& theLexer,
                                                                   const XpDtd& theActiveDtd,
                                                                   XpDtd* theBuildingDtd) const {
@@ -156,7 +159,7 @@ std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(CpsString theT
     return std::make_unique<XpDtd::AttValueEntity>(entity);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(std::string_view theText,
                                                                     XpLexer& theLexer,
                                                                     const XpDtd& theActiveDtd,
                                                                     XpDtd* theBuildingDtd) const {
@@ -168,7 +171,7 @@ std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(CpsString th
     return std::make_unique<XpDtd::AttValueEntities>(std::move(entities));
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(std::string_view theText,
                                                                    XpLexer& theLexer, const XpDtd&,
                                                                    XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
@@ -177,7 +180,7 @@ std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(CpsString the
     return value;
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(std::string_view theText,
                                                                     XpLexer& theLexer, const XpDtd&,
                                                                     XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
@@ -196,7 +199,7 @@ XpNotationProcessor::XpNotationProcessor(std::unique_ptr<XpDtd::Choice> theChoic
 
 XpNotationProcessor::~XpNotationProcessor() = default;
 
-std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(std::string_view theText,
                                                                     XpLexer& theLexer,
                                                                     const XpDtd& theActiveDtd,
                                                                     XpDtd*) const {
@@ -214,7 +217,7 @@ XpEnumProcessor::XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice)
 
 XpEnumProcessor::~XpEnumProcessor() = default;
 
-std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(CpsString theText,
+std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(std::string_view theText,
                                                                 XpLexer& theLexer,
                                                                 const XpDtd& theActiveDtd,
                                                                 XpDtd*) const {

@@ -74,13 +74,13 @@ XpDtd::IdTable::IdTable() = default;
 XpDtd::IdTable::~IdTable() = default;
 
 XpDtd::Id& XpDtd::IdTable::obtain(std::string_view theName) {
-    const auto place = idsM.lower_bound(theName);
-    if (place != idsM.end() && place->first == theName) {
-        return *place->second;
+    const int known = numbersM.find(theName);
+    if (known >= 0) {
+        return *idsM[static_cast<std::size_t>(known)];
     }
-    auto id = std::make_unique<Id>(theName);
-    const std::string_view name = id->getName().view();
-    return *idsM.emplace_hint(place, name, std::move(id))->second;
+    idsM.push_back(std::make_unique<Id>(theName));
+    numbersM.add(idsM.back()->getName(), static_cast<int>(idsM.size() - 1));
+    return *idsM.back();
 }
 
 XpDtd::Attribute::Attribute(std::string_view theName,

@@ -111,15 +111,18 @@ void XpLexer::addString() {
 }
 
 bool XpLexer::getUndefinedIds(CpsString& theOutput) const {
-    bool isAny = false;
-    for (const auto& [name, id] : idsM->getIds()) {
+    std::vector<std::string_view> names;
+    for (const auto& id : idsM->getIds()) {
         if (!id->isDefined()) {
-            XpTextRules::append(theOutput, " ");
-            XpTextRules::append(theOutput, name);
-            isAny = true;
+            names.push_back(id->getName());
         }
     }
-    return isAny;
+    std::sort(names.begin(), names.end());
+    for (const std::string_view name : names) {
+        XpTextRules::append(theOutput, " ");
+        XpTextRules::append(theOutput, name);
+    }
+    return !names.empty();
 }
 
 void XpLexer::fail(CpsString theMessage) const {
