@@ -1,5 +1,5 @@
-// Comparison and hashing of short texts, such as names, in words and in place: most are so short
-// that a call costs more than the work.
+// Comparison, hashing and copies of short texts, such as names, in words and in place: most are so
+// short that a call costs more than the work.
 #pragma once
 
 #include <cstddef>
@@ -19,6 +19,22 @@ class CpsBytes {
         return theText.size() >= thePrefix.size() &&
                areSame(theText.data(), thePrefix.data(), thePrefix.size());
     }
+    // theTarget must have room, and none of it may be a part of theText.
+    static void copy(char* theTarget, std::string_view theText) noexcept {
+        const char* const source = theText.data();
+        const std::size_t size = theText.size();
+        if (size > 16) {
+            std::memcpy(theTarget, source, size);
+        } else if (size >= 8) {
+            copyEnds<std::uint64_t>(theTarget, source, size);
+        } else if (size >= 4) {
+            copyEnds<std::uint32_t>(theTarget, source, size);
+        } else {
+            for (std::size_t i = 0; i < size; ++i) {
+                theTarget[i] = source[i];
+            }
+        }
+    }
     // Differs between machines: not for anything that is written.
     static std::uint32_t hashOf(std::string_view theText) noexcept {
         const char* at = theText.data();
@@ -36,6 +52,14 @@ class CpsBytes {
         Word word;
         std::memcpy(&word, theBytes, sizeof word);
         return word;
+    }
+    // Two words that may overlap.
+    template <typename Word>
+    static void copyEnds(char* theTarget, const char* theSource, std::size_t theSize) noexcept {
+        const Word first = load<Word>(theSource);
+        const Word last = load<Word>(theSource + theSize - sizeof(Word));
+        std::memcpy(theTarget, &first, sizeof first);
+        std::memcpy(theTarget + theSize - sizeof last, &last, sizeof last);
     }
     static std::uint64_t mix(std::uint64_t theHash) noexcept {
         theHash *= 0x9E3779B97F4A7C15u;

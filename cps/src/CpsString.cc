@@ -4,19 +4,14 @@
 #include <cstring>
 #include <stdexcept>
 
+#include "CpsBytes.h"
+
 namespace lumnis {
 
 namespace {
 
 // The largest content: its block of the next multiple of 256 must have a size of 32 bits.
 constexpr std::size_t theMaximumLength = 0xFFFFFEFF;
-
-// std::memcpy wants pointers that are not null even for no bytes.
-void copyBytes(char* theTarget, const char* theSource, std::size_t theCount) {
-    if (theCount != 0) {
-        std::memcpy(theTarget, theSource, theCount);
-    }
-}
 
 std::string_view range(const CpsString& theString, std::uint32_t thePosition,
                        std::uint32_t theCount, const char* theOperation) {
@@ -49,8 +44,8 @@ CpsString::CpsString(std::string_view theLeft, std::string_view theRight) : CpsS
     if (length >= theLocalSize) {
         reallocate(length, 0);
     }
-    copyBytes(beginM, theLeft.data(), theLeft.size());
-    copyBytes(beginM + theLeft.size(), theRight.data(), theRight.size());
+    CpsBytes::copy(beginM, theLeft);
+    CpsBytes::copy(beginM + theLeft.size(), theRight);
     endM = beginM + length;
 }
 
@@ -77,7 +72,7 @@ CpsString& CpsString::assign(std::string_view theText) {
     if (theText.size() + 1 > static_cast<std::size_t>(limitM - beginM)) {
         reallocate(theText.size(), 0);
     }
-    copyBytes(beginM, theText.data(), theText.size());
+    CpsBytes::copy(beginM, theText);
     endM = beginM + theText.size();
     return *this;
 }
@@ -102,7 +97,7 @@ CpsString& CpsString::appendGrowing(std::string_view theText) {
     if (isInside) {
         source = beginM + offset;
     }
-    copyBytes(endM, source, theText.size());
+    CpsBytes::copy(endM, {source, theText.size()});
     endM += theText.size();
     return *this;
 }
@@ -143,7 +138,7 @@ void CpsString::reallocate(std::size_t theLength, std::size_t theKept) {
     }
     const std::size_t size = ((theLength >> 8) + 1) << 8;
     char* block = new char[size];
-    copyBytes(block, beginM, theKept);
+    CpsBytes::copy(block, {beginM, theKept});
     release();
     beginM = block;
     endM = block + theKept;

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 #include <string_view>
+#include <utility>
+
+#include "CpsBytes.h"
 
 namespace lumnis {
 
@@ -25,10 +27,8 @@ class XaBytes {
         if (theBytes.size() > capacityM - sizeM) {
             grow(theBytes.size());
         }
-        if (!theBytes.empty()) {
-            std::memcpy(bytesM.get() + sizeM, theBytes.data(), theBytes.size());
-            sizeM += theBytes.size();
-        }
+        CpsBytes::copy(bytesM.get() + sizeM, theBytes);
+        sizeM += theBytes.size();
     }
     // There must be one.
     void dropLast() { --sizeM; }
@@ -44,9 +44,7 @@ class XaBytes {
     void grow(std::size_t theMore) {
         const std::size_t capacity = std::max({theLeast, 2 * capacityM, sizeM + theMore});
         auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
-        if (sizeM != 0) {
-            std::memcpy(bytes.get(), bytesM.get(), sizeM);
-        }
+        CpsBytes::copy(bytes.get(), view());
         bytesM = std::move(bytes);
         capacityM = capacity;
     }

@@ -41,9 +41,10 @@ class XaProducer {
 
     // Reads the prolog of theDocument, which is UTF-8, and hands the rest to the director for
     // (theMediaType, public identifier), else (theMediaType, any), else the same two for any media
-    // type. theCharset is that of the strings in the result. theOutput receives the WBXML, on success
-    // alone; *theOutputMediaType its media type, which is known before the root is parsed and may
-    // be written for a document that is refused. A terminator is written behind theDocument.
+    // type. theCharset is that of the strings in the result. theOutput receives the WBXML, on
+    // success alone; *theOutputMediaType its media type, which is known before the root is parsed
+    // and may be written for a document that is refused. A terminator is written behind
+    // theDocument.
     //
     // Throws XpParserError for all that is wrong with the document, NoDirectorException,
     // XpInternalError, CCException.

@@ -102,6 +102,7 @@ class XaWbxmlCtrl {
     CpsString prologM;
     XaBytes bodyM;                           // without its strings
     std::vector<OutputStringBlock> blocksM;  // the slots, in document order
+    std::size_t slotM = 0;                   // where the last of them is
     std::unique_ptr<StringTable> stringTableM;
     CcCharsetConverter converterM;
     const HedCharsetId charsetM;

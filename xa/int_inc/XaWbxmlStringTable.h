@@ -57,9 +57,9 @@ class XaWbxmlCtrl::StringTable {
     FwArena memoryM;
 };
 
-// A slot of the body: the string that belongs in front of the byte at position.
+// A slot of the body, and how many bytes lie between it and the one before.
 struct XaWbxmlCtrl::OutputStringBlock {
-    std::size_t position;
+    std::uint32_t distance;
     StringTable::Number string;
 };
 

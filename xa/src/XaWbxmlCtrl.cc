@@ -26,8 +26,7 @@ XaWbxmlCtrl::XaWbxmlCtrl(HedCharsetId theCharset, int theTrimMode)
 XaWbxmlCtrl::~XaWbxmlCtrl() = default;
 
 void XaWbxmlCtrl::popLastOutputByte() {
-    const std::size_t slot = blocksM.empty() ? 0 : blocksM.back().position;
-    if (bodyM.size() > slot) {
+    if (bodyM.size() > slotM) {
         bodyM.dropLast();
     }
 }
@@ -35,7 +34,9 @@ void XaWbxmlCtrl::popLastOutputByte() {
 void XaWbxmlCtrl::addStringToOutput(std::string_view theText) {
     const StringTable::Number number = numberOf(theText);
     stringTableM->count(number);
-    blocksM.push_back({bodyM.size(), number});
+    // Less than 4 GiB: a document is, and no byte of it becomes more than two.
+    blocksM.push_back({static_cast<std::uint32_t>(bodyM.size() - slotM), number});
+    slotM = bodyM.size();
 }
 
 CpsString XaWbxmlCtrl::addStringToStringtable(std::string_view theText) {
@@ -117,8 +118,8 @@ CpsString XaWbxmlCtrl::makeOutput() {
     body.reserve(2 * bodyM.size());
     std::size_t position = 0;
     for (const OutputStringBlock& block : blocksM) {
-        body.append(tokens.substr(position, block.position - position));
-        position = block.position;
+        body.append(tokens.substr(position, block.distance));
+        position += block.distance;
         stringTableM->conditionalAddString(block.string, body);
     }
     body.append(tokens.substr(position));

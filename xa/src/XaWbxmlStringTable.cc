@@ -10,19 +10,20 @@
 // the string.
 #include "XaWbxmlStringTable.h"
 
+#include "CpsBytes.h"
 #include "XaMbUInt.h"
 
 namespace lumnis {
 
-XaWbxmlCtrl::StringTable::Number XaWbxmlCtrl::StringTable::obtainNumber(
-    std::string_view theString, bool isBare) {
+XaWbxmlCtrl::StringTable::Number XaWbxmlCtrl::StringTable::obtainNumber(std::string_view theString,
+                                                                        bool isBare) {
     const int known = numbersM.find(theString);
     if (known >= 0) {
         return static_cast<Number>(known);
     }
     const std::size_t size = theString.size() + (isBare ? 1 : 0);
     auto* bytes = static_cast<char*>(memoryM.allocate(size));
-    theString.copy(bytes, theString.size());
+    CpsBytes::copy(bytes, theString);
     if (isBare) {
         bytes[theString.size()] = '\0';
     }
@@ -44,8 +45,8 @@ std::uint32_t XaWbxmlCtrl::StringTable::addString(Number theNumber) {
 bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, XaBytes& theOutput) {
     const Usage& usage = stringsM[theNumber];
     const bool isNew = usage.offset == theNoOffset;
-    const auto offset = static_cast<std::uint32_t>(
-        isNew ? contentM.size() : static_cast<std::size_t>(usage.offset));
+    const auto offset = static_cast<std::uint32_t>(isNew ? contentM.size()
+                                                         : static_cast<std::size_t>(usage.offset));
     const auto length = static_cast<std::int64_t>(usage.text.size());
     const std::int64_t saving = length - static_cast<std::int64_t>(XaMbUInt::lengthOf(offset));
     if (saving <= 0 || (isNew && saving * usage.count <= length)) {

@@ -31,7 +31,8 @@ class XpDtd::AttValue {
 
 class XpDtd::AttValueCData final : public XpDtd::AttValue {
   public:
-    explicit AttValueCData(CpsString theData) : dataM(std::move(theData)) {}
+    AttValueCData() = default;
+    explicit AttValueCData(std::string_view theData) : dataM(theData) {}
 
     const CpsString& getData() const { return dataM; }
     void setData(std::string_view theData) { dataM.assign(theData); }
@@ -117,9 +118,11 @@ class XpDtd::AttValueEntities final : public XpDtd::AttValue {
 
 class XpDtd::AttValueNmToken final : public XpDtd::AttValue {
   public:
-    explicit AttValueNmToken(CpsString theToken) : tokenM(std::move(theToken)) {}
+    AttValueNmToken() = default;
+    explicit AttValueNmToken(std::string_view theToken) : tokenM(theToken) {}
 
     const CpsString& getToken() const { return tokenM; }
+    void setToken(std::string_view theToken) { tokenM.assign(theToken); }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override { return tokenM; }
     std::string_view text(CpsString&) const override { return tokenM; }
@@ -156,14 +159,16 @@ class XpDtd::AttValueNotation final : public XpDtd::AttValue {
 
 class XpDtd::AttValueEnum final : public XpDtd::AttValue {
   public:
+    AttValueEnum() = default;
     explicit AttValueEnum(const Enum* theEnum) : enumTokenM(theEnum) {}
 
     const Enum* getEnum() const { return enumTokenM; }
+    void setEnum(const Enum* theEnum) { enumTokenM = theEnum; }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override;
 
   private:
-    const Enum* enumTokenM;
+    const Enum* enumTokenM = nullptr;
 };
 
 }  // namespace lumnis

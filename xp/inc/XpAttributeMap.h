@@ -43,13 +43,24 @@ class XpDtd::AttributeMap {
     // Throws DuplicateAttributeException for an attribute that is there, and
     // FixedAttributeException for a value that differs from a fixed one.
     void add(const Attribute& theAttribute, std::unique_ptr<const AttValue> theValue);
-    // The same for an attribute of type CDATA and the text of its value.
+    // The same for a value of these types.
     void addCData(const Attribute& theAttribute, std::string_view theText);
+    void addNmToken(const Attribute& theAttribute, std::string_view theToken);
+    void addEnum(const Attribute& theAttribute, const Enum& theToken);
     // Puts the entries in order, once all are there. The other operations want that, but for add.
     void sort();
     void clear();
 
   private:
+    // Values of the frequent types: those of one tag serve again for the next.
+    template <class Value>
+    struct Reused {
+        std::vector<std::unique_ptr<Value>> values;
+        std::size_t used = 0;
+
+        Value& next();
+    };
+
     static constexpr std::size_t theIndexLimit = 16;
 
     const AttValue* findAmongMany(const Attribute* theAttribute) const;
@@ -59,9 +70,9 @@ class XpDtd::AttributeMap {
 
     Entries entriesM;
     std::vector<std::unique_ptr<const AttValue>> valuesM;
-    // Values of CDATA attributes, by far the most frequent: those that a clear leaves serve again.
-    std::vector<std::unique_ptr<AttValueCData>> cDataM;
-    std::size_t cDataUsedM = 0;
+    Reused<AttValueCData> cDataM;
+    Reused<AttValueNmToken> nmTokensM;
+    Reused<AttValueEnum> enumsM;
     // The attributes again, when there are so many that looking through them would be slow.
     std::set<const Attribute*> indexM;
 };

@@ -132,13 +132,11 @@ class XpDtd::Attribute final : public XpDtd::Item {
     // Null if there is none.
     const AttValue* getDefault() const { return defaultValueM.get(); }
     const AttValueProcessor& getProcessor() const { return *processorM; }
-    bool isCData() const { return isCDataM; }
     DefaultKind getDefaultKind() const { return defaultKindM; }
 
   private:
     std::unique_ptr<const AttValueProcessor> processorM;
     DefaultKind defaultKindM;
-    bool isCDataM;
     std::unique_ptr<const AttValue> defaultValueM;
 };
 

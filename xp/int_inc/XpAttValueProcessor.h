@@ -25,17 +25,22 @@ class XpDtd::AttValueProcessor {
     virtual std::unique_ptr<const AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                     const XpDtd& theActiveDtd,
                                                     XpDtd* theBuildingDtd) const = 0;
+    // Adds the value to theAttributes, where the frequent types need no object of their own for
+    // each.
+    virtual void add(AttributeMap& theAttributes, const Attribute& theAttribute,
+                     std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+                     XpDtd* theBuildingDtd) const;
     // True if an attribute of this type may be declared with theValue, which may be null.
     virtual bool checkDefault(const AttValue* theValue, Attribute::DefaultKind theKind) const;
     virtual bool isId() const { return false; }
-    // True if process takes the text as it is.
-    virtual bool isCData() const { return false; }
 };
 
 // Takes the text as it is.
 class XpCDataProcessor final : public XpDtd::AttValueProcessor {
   public:
-    bool isCData() const override { return true; }
+    void add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+             std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+             XpDtd* theBuildingDtd) const override;
     std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
@@ -87,6 +92,9 @@ class XpNmTokenProcessor final : public XpDtd::AttValueProcessor {
     std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
+    void add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+             std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+             XpDtd* theBuildingDtd) const override;
 };
 
 class XpNmTokensProcessor final : public XpDtd::AttValueProcessor {
@@ -117,8 +125,14 @@ class XpEnumProcessor final : public XpDtd::AttValueProcessor {
     std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
+    void add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+             std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+             XpDtd* theBuildingDtd) const override;
 
   private:
+    const XpDtd::Enum& read(std::string_view theText, XpLexer& theLexer,
+                            const XpDtd& theActiveDtd) const;
+
     std::unique_ptr<const XpDtd::Choice> choiceM;
 };
 

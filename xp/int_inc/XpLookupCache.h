@@ -20,8 +20,7 @@ class XpLookupCache {
         return *recall(
             elementsM[placeOf(CpsBytes::hashOf(theName))],
             [&](const XpDtd::Element* theElement) {
-                return theElement != nullptr &&
-                       CpsBytes::areSame(theElement->getName(), theName);
+                return theElement != nullptr && CpsBytes::areSame(theElement->getName(), theName);
             },
             [&] { return &theDtd.obtainElement(theName); });
     }

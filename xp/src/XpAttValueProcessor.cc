@@ -60,6 +60,11 @@ class TokenReader {
             fail();
         }
     }
+    std::string_view only() {
+        const std::string_view token = first();
+        finish();
+        return token;
+    }
 
   private:
     // Of ASCII alone.
@@ -104,9 +109,20 @@ bool XpDtd::AttValueProcessor::checkDefault(const AttValue*, Attribute::DefaultK
     return true;
 }
 
+void XpDtd::AttValueProcessor::add(AttributeMap& theAttributes, const Attribute& theAttribute,
+                                   std::string_view theText, XpLexer& theLexer,
+                                   const XpDtd& theActiveDtd, XpDtd* theBuildingDtd) const {
+    theAttributes.add(theAttribute, process(theText, theLexer, theActiveDtd, theBuildingDtd));
+}
+
 std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(std::string_view theText, XpLexer&,
                                                                  const XpDtd&, XpDtd*) const {
     return std::make_unique<XpDtd::AttValueCData>(theText);
+}
+
+void XpCDataProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+                           std::string_view theText, XpLexer&, const XpDtd&, XpDtd*) const {
+    theAttributes.addCData(theAttribute, theText);
 }
 
 std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(std::string_view theText,
@@ -175,9 +191,14 @@ std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(std::string_v
                                                                    XpLexer& theLexer, const XpDtd&,
                                                                    XpDtd*) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
-    auto value = std::make_unique<XpDtd::AttValueNmToken>(reader.first());
-    reader.finish();
-    return value;
+    return std::make_unique<XpDtd::AttValueNmToken>(reader.only());
+}
+
+void XpNmTokenProcessor::add(XpDtd::AttributeMap& theAttributes,
+                             const XpDtd::Attribute& theAttribute, std::string_view theText,
+                             XpLexer& theLexer, const XpDtd&, XpDtd*) const {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
+    theAttributes.addNmToken(theAttribute, reader.only());
 }
 
 std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(std::string_view theText,
@@ -217,17 +238,28 @@ XpEnumProcessor::XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice)
 
 XpEnumProcessor::~XpEnumProcessor() = default;
 
-std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(std::string_view theText,
-                                                                XpLexer& theLexer,
-                                                                const XpDtd& theActiveDtd,
-                                                                XpDtd*) const {
+const XpDtd::Enum& XpEnumProcessor::read(std::string_view theText, XpLexer& theLexer,
+                                         const XpDtd& theActiveDtd) const {
     TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "enumerated");
     const XpDtd::Enum& token = theActiveDtd.obtainEnum(reader.first());
     if (choiceM->getFirst()->next(&token) == nullptr) {
         theLexer.fail("Unexpected token in enumerated attribute value");
     }
     reader.finish();
-    return std::make_unique<XpDtd::AttValueEnum>(&token);
+    return token;
+}
+
+std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(std::string_view theText,
+                                                                XpLexer& theLexer,
+                                                                const XpDtd& theActiveDtd,
+                                                                XpDtd*) const {
+    return std::make_unique<XpDtd::AttValueEnum>(&read(theText, theLexer, theActiveDtd));
+}
+
+void XpEnumProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+                          std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+                          XpDtd*) const {
+    theAttributes.addEnum(theAttribute, read(theText, theLexer, theActiveDtd));
 }
 
 }  // namespace lumnis

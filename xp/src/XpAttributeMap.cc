@@ -46,12 +46,29 @@ void XpDtd::AttributeMap::add(const Attribute& theAttribute,
     addEntry(theAttribute, *valuesM.back());
 }
 
-void XpDtd::AttributeMap::addCData(const Attribute& theAttribute, std::string_view theText) {
-    if (cDataUsedM == cDataM.size()) {
-        cDataM.push_back(std::make_unique<AttValueCData>(CpsString()));
+template <class Value>
+Value& XpDtd::AttributeMap::Reused<Value>::next() {
+    if (used == values.size()) {
+        values.push_back(std::make_unique<Value>());
     }
-    AttValueCData& value = *cDataM[cDataUsedM++];
+    return *values[used++];
+}
+
+void XpDtd::AttributeMap::addCData(const Attribute& theAttribute, std::string_view theText) {
+    AttValueCData& value = cDataM.next();
     value.setData(theText);
+    addEntry(theAttribute, value);
+}
+
+void XpDtd::AttributeMap::addNmToken(const Attribute& theAttribute, std::string_view theToken) {
+    AttValueNmToken& value = nmTokensM.next();
+    value.setToken(theToken);
+    addEntry(theAttribute, value);
+}
+
+void XpDtd::AttributeMap::addEnum(const Attribute& theAttribute, const Enum& theToken) {
+    AttValueEnum& value = enumsM.next();
+    value.setEnum(&theToken);
     addEntry(theAttribute, value);
 }
 
@@ -75,7 +92,9 @@ void XpDtd::AttributeMap::sort() {
 void XpDtd::AttributeMap::clear() {
     entriesM.clear();
     valuesM.clear();
-    cDataUsedM = 0;
+    cDataM.used = 0;
+    nmTokensM.used = 0;
+    enumsM.used = 0;
     indexM.clear();
 }
 

@@ -143,12 +143,8 @@ void XpParserBase::addPlainAttribute(std::string_view theName, std::string_view 
 }
 
 void XpParserBase::addValue(const XpDtd::Attribute& theAttribute, std::string_view theText) {
-    if (theAttribute.isCData()) {
-        attributesM.addCData(theAttribute, theText);
-    } else {
-        attributesM.add(theAttribute, theAttribute.getProcessor().process(
-                                          theText, *lexerM, *activeDtdM, buildingDtdM));
-    }
+    theAttribute.getProcessor().add(attributesM, theAttribute, theText, *lexerM, *activeDtdM,
+                                    buildingDtdM);
 }
 
 void XpParserBase::endStartTag() {

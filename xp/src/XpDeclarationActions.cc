@@ -177,7 +177,7 @@ void XpParserBase::defineAttribute(const CpsString& theName) {
     }
     std::unique_ptr<const XpDtd::AttValue> value;
     if (attDefaultTextM) {
-        value = attProcessorM->process(std::move(*attDefaultTextM), *lexerM, *buildingDtdM,
+        value = attProcessorM->process(*attDefaultTextM, *lexerM, *buildingDtdM,
                                        isIncomplete ? buildingDtdM : nullptr);
         attDefaultTextM.reset();
     }

@@ -89,7 +89,6 @@ XpDtd::Attribute::Attribute(std::string_view theName,
     : Item(theName),
       processorM(std::move(theProcessor)),
       defaultKindM(theKind),
-      isCDataM(processorM->isCData()),
       defaultValueM(std::move(theDefault)) {}
 
 XpDtd::Attribute::~Attribute() = default;
