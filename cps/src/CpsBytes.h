@@ -29,10 +29,10 @@ class CpsBytes {
             copyEnds<std::uint64_t>(theTarget, source, size);
         } else if (size >= 4) {
             copyEnds<std::uint32_t>(theTarget, source, size);
-        } else {
-            for (std::size_t i = 0; i < size; ++i) {
-                theTarget[i] = source[i];
-            }
+        } else if (size != 0) {
+            theTarget[0] = source[0];
+            theTarget[size / 2] = source[size / 2];
+            theTarget[size - 1] = source[size - 1];
         }
     }
     // Differs between machines: not for anything that is written.
@@ -65,17 +65,19 @@ class CpsBytes {
         theHash *= 0x9E3779B97F4A7C15u;
         return theHash ^ (theHash >> 29);
     }
-    // Up to eight bytes as one number. Two words that overlap hold four to eight of them.
+    // Up to eight bytes as one number. Two words that overlap hold four to eight of them, three
+    // bytes that may be the same one to three.
     static std::uint64_t tail(const char* theBytes, std::size_t theSize) noexcept {
         if (theSize >= 4) {
             return std::uint64_t{load<std::uint32_t>(theBytes)} << 32 |
                    load<std::uint32_t>(theBytes + theSize - 4);
         }
-        std::uint64_t word = 0;
-        for (std::size_t i = 0; i < theSize; ++i) {
-            word = word << 8 | static_cast<unsigned char>(theBytes[i]);
+        if (theSize == 0) {
+            return 0;
         }
-        return word;
+        const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(theBytes[i]); };
+        return static_cast<std::uint64_t>(byte(0)) << 16 | byte(theSize / 2) << 8 |
+               byte(theSize - 1);
     }
     static bool areSame(const char* theLeft, const char* theRight, std::size_t theSize) noexcept {
         if (theSize > 16) {

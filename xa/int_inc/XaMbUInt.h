@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "XaBytes.h"
+
 namespace lumnis {
 
 class XaMbUInt {
@@ -23,6 +25,11 @@ class XaMbUInt {
         return static_cast<std::size_t>(std::bit_width(theValue | 1) + 6) / 7;
     }
     constexpr std::size_t length() const { return theMaxLength - beginM; }
+    void appendTo(XaBytes& theOutput) const {
+        for (const char byte : view()) {
+            theOutput.append(static_cast<unsigned char>(byte));
+        }
+    }
     constexpr std::string_view view() const { return {bytesM + beginM, length()}; }
 
   private:

@@ -44,7 +44,7 @@ CpsString XaWbxmlCtrl::addStringToStringtable(std::string_view theText) {
 }
 
 void XaWbxmlCtrl::addOffsetToOutput(std::string_view theText) {
-    addToOutput(XaMbUInt(stringTableM->addString(numberOf(theText))).view());
+    XaMbUInt(stringTableM->addString(numberOf(theText))).appendTo(bodyM);
 }
 
 std::uint32_t XaWbxmlCtrl::numberOf(std::string_view theText) {

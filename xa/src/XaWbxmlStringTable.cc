@@ -56,7 +56,7 @@ bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, XaBytes& t
     }
     addString(theNumber);
     theOutput.append(XaWbxmlToken::STR_T);
-    theOutput.append(XaMbUInt(offset).view());
+    XaMbUInt(offset).appendTo(theOutput);
     return true;
 }
 

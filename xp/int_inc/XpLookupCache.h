@@ -18,7 +18,7 @@ class XpLookupCache {
     // As XpDtd::obtainElement.
     const XpDtd::Element& obtainElement(const XpDtd& theDtd, std::string_view theName) {
         return *recall(
-            elementsM[placeOf(CpsBytes::hashOf(theName))],
+            elementsM[CpsBytes::hashOf(theName) % theSize],
             [&](const XpDtd::Element* theElement) {
                 return theElement != nullptr && CpsBytes::areSame(theElement->getName(), theName);
             },
@@ -28,7 +28,8 @@ class XpLookupCache {
     const XpDtd::Attribute& getAttribute(const XpDtd::Element& theElement,
                                          std::string_view theName) {
         return *recall(
-                    attributesM[placeOf(CpsBytes::hashOf(theName) + theElement.getCreation())],
+                    attributesM[(CpsBytes::hashOf(theName) + theElement.getCreation() * theSpread) %
+                                theSize],
                     [&](const Use& theUse) {
                         return theUse.element == &theElement &&
                                CpsBytes::areSame(theUse.attribute->getName(), theName);
@@ -48,8 +49,9 @@ class XpLookupCache {
     template <typename T>
     using Pair = std::array<T, 2>;
 
-    static constexpr unsigned theBits = 7;
-    static constexpr std::size_t theSize = 1u << theBits;
+    static constexpr std::size_t theSize = 128;
+    // Elements are numbered one by one; their attributes go to places that are far from each other.
+    static constexpr std::size_t theSpread = 37;
 
     template <typename T, typename Matches, typename Find>
     static const T& recall(Pair<T>& thePair, Matches theMatches, Find theFind) {
@@ -60,9 +62,6 @@ class XpLookupCache {
             std::swap(thePair[0], thePair[1]);
         }
         return thePair[0];
-    }
-    static std::size_t placeOf(std::uint64_t theHash) {
-        return static_cast<std::size_t>((theHash * 0x9E3779B97F4A7C15u) >> (64 - theBits));
     }
 
     std::array<Pair<const XpDtd::Element*>, theSize> elementsM{};

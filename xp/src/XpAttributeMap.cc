@@ -84,7 +84,7 @@ void XpDtd::AttributeMap::addEntry(const Attribute& theAttribute, const AttValue
 }
 
 void XpDtd::AttributeMap::sort() {
-    if (!std::is_sorted(entriesM.begin(), entriesM.end(), isBefore)) {
+    if (entriesM.size() > 1 && !std::is_sorted(entriesM.begin(), entriesM.end(), isBefore)) {
         std::sort(entriesM.begin(), entriesM.end(), isBefore);
     }
 }

@@ -202,7 +202,9 @@ void XpParserBase::endEmptyElement() {
 
 void XpParserBase::endElement(std::string_view theName) {
     takeEnd("unexpected end of element");
-    if (!CpsBytes::areSame(currentElementM->getName(), theName)) {
+    const std::string_view name = currentElementM->getName();
+    const bool isItself = theName.data() == name.data();  // from who has compared already
+    if (!isItself && !CpsBytes::areSame(name, theName)) {
         fail("element tag mismatch: <" + currentElementM->getName() + "> ... </" + theName + ">");
     }
     finishElement();
