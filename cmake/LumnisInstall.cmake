@@ -21,7 +21,7 @@ set(static_link -r --force-group-allocation -u WMLEncode -u WMLSCompile
                 --start-group ${static_archives} --end-group)
 if(LUMNIS_LTO)
   list(TRANSFORM static_link REPLACE "^--" "-Wl,--")
-  set(static_link ${CMAKE_CXX_COMPILER} -O3 -fPIC -nostdlib -flto=auto -flinker-output=nolto-rel
+  set(static_link ${CMAKE_CXX_COMPILER} -O3 -fPIC -fno-gnu-unique -nostdlib -flto=auto -flinker-output=nolto-rel
                   -Wno-free-nonheap-object
                   ${static_link})
 else()

@@ -12,7 +12,8 @@ endfunction()
 function(lumnis_optimize_whole target)
   if(LUMNIS_LTO)
     # GCC 12 sees CpsString free the array that is a part of it.
-    target_link_options(${target} PRIVATE -flto=auto -Wno-free-nonheap-object)
+    target_link_options(${target} PRIVATE
+      -flto=auto -fno-gnu-unique -Wno-free-nonheap-object)
   endif()
 endfunction()
 
