@@ -2,14 +2,13 @@
 // validate; events alone) and expat (with handlers; bare), which write nothing, in one run and in
 // turns; and the cost per byte as decks grow.
 #include <benchmark/benchmark.h>
-#include <lumnisutil.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "DeckDocuments.h"
+#include "DeckEncoder.h"
 #include "RatioReporter.h"
 #include "XmlPeers.h"
 
@@ -17,19 +16,6 @@ namespace lumnis::bench {
 namespace {
 
 std::vector<std::string> theNames;
-
-void encode(const std::string& theDeck) {
-    char* result = nullptr;
-    char* error = nullptr;
-    unsigned short length = 0;
-    const int status =
-        WMLEncode(theDeck.data(), static_cast<int>(theDeck.size()), &result, &length, &error);
-    // Without a text the result is there and only too long for its length to be told.
-    if (status != 0 && error != nullptr) {
-        refuse("lumnis", error);
-    }
-    std::free(result);
-}
 
 void copy(const std::string& theDeck) {
     std::string bytes(theDeck);
@@ -41,7 +27,7 @@ struct Contender {
     void (*run)(const std::string& theDeck);
 };
 constexpr Contender theContenders[] = {
-    {"lumnis", encode},
+    {"lumnis", encodeDeck},
     {"libxml2, validating", validateWithLibxml2},
     {"libxml2, events", readWithLibxml2},
     {"expat", readWithExpat},

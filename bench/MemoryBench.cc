@@ -1,46 +1,71 @@
-// Allocations and peak heap of one compilation, ours and the peers'. These figures do not depend
-// on the machine's mood.
+// Allocations and peak heap of one call, ours and the peers'. These figures do not depend on the
+// machine's mood.
 #include <cstdio>
+#include <functional>
 #include <string>
 
 #include "Contenders.h"
+#include "DeckDocuments.h"
+#include "DeckEncoder.h"
 #include "HeapCounter.h"
+#include "XmlPeers.h"
 
 namespace lumnis::bench {
 namespace {
 
-struct Work {
-    const Contender* contender;
-    std::string source;
-};
+using Work = std::function<void()>;
 
-void report(const char* theGroup, const Contender& theContender, std::string theSource) {
-    Work work{&theContender, std::move(theSource)};
-    const auto compile = [](void* theArgument) {
-        const Work& task = *static_cast<Work*>(theArgument);
-        task.contender->compile(task.source);
-    };
-    compile(&work);  // what is made once for the process does not count
-    const HeapUse use = measureHeap(compile, &work);
-    const auto size = static_cast<double>(work.source.size());
-    std::printf("%-20s %-10s %10zu %12.4f %12zu %10.1f\n", theGroup, theContender.name,
+void report(const std::string& theGroup, const char* theName, std::size_t theSize,
+            const Work& theWork) {
+    theWork();  // what is made once for the process does not count
+    const HeapUse use =
+        measureHeap([](void* theArgument) { (*static_cast<const Work*>(theArgument))(); },
+                    const_cast<Work*>(&theWork));
+    const auto size = static_cast<double>(theSize);
+    std::printf("%-20s %-20s %10zu %12.4f %12zu %10.1f\n", theGroup.c_str(), theName,
                 use.allocations, static_cast<double>(use.allocations) / size, use.peakBytes,
                 static_cast<double>(use.peakBytes) / size);
+}
+
+void reportScript(const std::string& theGroup, const Contender& theContender,
+                  const std::string& theSource) {
+    report(theGroup, theContender.name, theSource.size(), [&] { theContender.compile(theSource); });
+}
+
+void reportScripts() {
+    for (const std::size_t size : {300u, 6000u, 64000u}) {
+        for (const Contender& contender : theContenders) {
+            reportScript(std::to_string(size), contender, makeProgram(contender.dialect, size));
+        }
+    }
+    reportScript("60,000 instructions", theContenders[0], makeLongFunction(60000));
+    reportScript("5,000 jumps", theContenders[0], makeJumpingFunction(5000));
+}
+
+void reportDecks() {
+    struct Peer {
+        const char* name;
+        void (*run)(const std::string& theDeck);
+    };
+    constexpr Peer thePeers[] = {{"lumnis", encodeDeck},
+                                 {"libxml2, validating", validateWithLibxml2},
+                                 {"expat", readWithExpat}};
+    for (const std::size_t size : {2000u, 14000u, 88000u, 880000u}) {
+        const std::string deck = makeDeck(size);
+        for (const Peer& peer : thePeers) {
+            report("deck of " + std::to_string(size), peer.name, deck.size(),
+                   [&] { peer.run(deck); });
+        }
+    }
 }
 
 }  // namespace
 }  // namespace lumnis::bench
 
 int main() {
-    using namespace lumnis::bench;
-    std::printf("%-20s %-10s %10s %12s %12s %10s\n", "source", "compiler", "allocs", "allocs/byte",
+    std::printf("%-20s %-20s %10s %12s %12s %10s\n", "source", "by", "allocs", "allocs/byte",
                 "peak bytes", "peak/byte");
-    for (const std::size_t size : {300u, 6000u, 64000u}) {
-        for (const Contender& contender : theContenders) {
-            report(std::to_string(size).c_str(), contender, makeProgram(contender.dialect, size));
-        }
-    }
-    report("60,000 instructions", theContenders[0], makeLongFunction(60000));
-    report("5,000 jumps", theContenders[0], makeJumpingFunction(5000));
+    lumnis::bench::reportScripts();
+    lumnis::bench::reportDecks();
     return 0;
 }

@@ -75,9 +75,10 @@ class CpsBytes {
         if (theSize == 0) {
             return 0;
         }
-        const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(theBytes[i]); };
-        return static_cast<std::uint64_t>(byte(0)) << 16 | byte(theSize / 2) << 8 |
-               byte(theSize - 1);
+        const auto byte = [&](std::size_t i) -> std::uint64_t {
+            return static_cast<unsigned char>(theBytes[i]);
+        };
+        return byte(0) << 16 | byte(theSize / 2) << 8 | byte(theSize - 1);
     }
     static bool areSame(const char* theLeft, const char* theRight, std::size_t theSize) noexcept {
         if (theSize > 16) {

@@ -48,15 +48,20 @@ class XpDtd::AttValueCData final : public XpDtd::AttValue {
 // default of a finished DTD can still be printed, and never equals an ID of another parse.
 class XpDtd::AttValueId final : public XpDtd::AttValue {
   public:
+    AttValueId() = default;
     AttValueId(const Id* theId, std::shared_ptr<const IdTable> theTable)
         : idM(theId), tableM(std::move(theTable)) {}
 
     const Id* getId() const { return idM; }
+    void setId(const Id* theId, const std::shared_ptr<const IdTable>& theTable) {
+        idM = theId;
+        tableM = theTable;
+    }
     bool operator==(const AttValue& theOther) const override;
     CpsString toString() const override;
 
   private:
-    const Id* idM;
+    const Id* idM = nullptr;
     std::shared_ptr<const IdTable> tableM;
 };
 

@@ -46,6 +46,8 @@ class XpDtd::AttributeMap {
     // The same for a value of these types.
     void addCData(const Attribute& theAttribute, std::string_view theText);
     void addNmToken(const Attribute& theAttribute, std::string_view theToken);
+    void addId(const Attribute& theAttribute, const Id& theId,
+               const std::shared_ptr<const IdTable>& theTable);
     void addEnum(const Attribute& theAttribute, const Enum& theToken);
     // Puts the entries in order, once all are there. The other operations want that, but for add.
     void sort();
@@ -73,6 +75,7 @@ class XpDtd::AttributeMap {
     Reused<AttValueCData> cDataM;
     Reused<AttValueNmToken> nmTokensM;
     Reused<AttValueEnum> enumsM;
+    Reused<AttValueId> idsM;
     // The attributes again, when there are so many that looking through them would be slow.
     std::set<const Attribute*> indexM;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <memory>
 #include <string_view>
@@ -103,7 +104,7 @@ class XpDtd::Id final : public XpDtd::Item {
 // The IDs of one parse, each name once.
 class XpDtd::IdTable {
   public:
-    using Ids = std::vector<std::unique_ptr<Id>>;
+    using Ids = std::deque<Id>;
 
     IdTable();
     IdTable(const IdTable&) = delete;

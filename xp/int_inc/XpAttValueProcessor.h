@@ -52,6 +52,9 @@ class XpIdProcessor final : public XpDtd::AttValueProcessor {
     std::unique_ptr<const XpDtd::AttValue> process(std::string_view theText, XpLexer& theLexer,
                                                    const XpDtd& theActiveDtd,
                                                    XpDtd* theBuildingDtd) const override;
+    void add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+             std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
+             XpDtd* theBuildingDtd) const override;
     bool checkDefault(const XpDtd::AttValue* theValue,
                       XpDtd::Attribute::DefaultKind theKind) const override;
     bool isId() const override { return true; }

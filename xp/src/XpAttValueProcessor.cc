@@ -87,6 +87,17 @@ class TokenReader {
     CpsString textM;  // for the scanner
 };
 
+const XpDtd::Id& defineId(std::string_view theText, XpLexer& theLexer) {
+    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ID");
+    XpDtd::Id& id = theLexer.getIds().obtain(reader.first());
+    if (id.isDefined()) {
+        theLexer.fail("ID multiply defined: " + id.getName());
+    }
+    id.setDefined();
+    reader.finish();
+    return id;
+}
+
 const XpDtd::Entity* unparsedEntity(std::string_view theName, XpLexer& theLexer,
                                     const XpDtd& theActiveDtd, XpDtd* theBuildingDtd) {
     const XpDtd::Entity& entity = theBuildingDtd != nullptr ? theBuildingDtd->obtainEntity(theName)
@@ -128,14 +139,12 @@ void XpCDataProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attr
 std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(std::string_view theText,
                                                               XpLexer& theLexer, const XpDtd&,
                                                               XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ID");
-    XpDtd::Id& id = theLexer.getIds().obtain(reader.first());
-    if (id.isDefined()) {
-        theLexer.fail("ID multiply defined: " + id.getName());
-    }
-    id.setDefined();
-    reader.finish();
-    return std::make_unique<XpDtd::AttValueId>(&id, theLexer.shareIds());
+    return std::make_unique<XpDtd::AttValueId>(&defineId(theText, theLexer), theLexer.shareIds());
+}
+
+void XpIdProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
+                        std::string_view theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
+    theAttributes.addId(theAttribute, defineId(theText, theLexer), theLexer.shareIds());
 }
 
 bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,

@@ -66,6 +66,13 @@ void XpDtd::AttributeMap::addNmToken(const Attribute& theAttribute, std::string_
     addEntry(theAttribute, value);
 }
 
+void XpDtd::AttributeMap::addId(const Attribute& theAttribute, const Id& theId,
+                                const std::shared_ptr<const IdTable>& theTable) {
+    AttValueId& value = idsM.next();
+    value.setId(&theId, theTable);
+    addEntry(theAttribute, value);
+}
+
 void XpDtd::AttributeMap::addEnum(const Attribute& theAttribute, const Enum& theToken) {
     AttValueEnum& value = enumsM.next();
     value.setEnum(&theToken);
@@ -95,6 +102,7 @@ void XpDtd::AttributeMap::clear() {
     cDataM.used = 0;
     nmTokensM.used = 0;
     enumsM.used = 0;
+    idsM.used = 0;
     indexM.clear();
 }
 

@@ -76,11 +76,11 @@ XpDtd::IdTable::~IdTable() = default;
 XpDtd::Id& XpDtd::IdTable::obtain(std::string_view theName) {
     const int known = numbersM.find(theName);
     if (known >= 0) {
-        return *idsM[static_cast<std::size_t>(known)];
+        return idsM[static_cast<std::size_t>(known)];
     }
-    idsM.push_back(std::make_unique<Id>(theName));
-    numbersM.add(idsM.back()->getName(), static_cast<int>(idsM.size() - 1));
-    return *idsM.back();
+    Id& id = idsM.emplace_back(theName);
+    numbersM.add(id.getName(), static_cast<int>(idsM.size() - 1));
+    return id;
 }
 
 XpDtd::Attribute::Attribute(std::string_view theName,

@@ -112,9 +112,9 @@ void XpLexer::addString() {
 
 bool XpLexer::getUndefinedIds(CpsString& theOutput) const {
     std::vector<std::string_view> names;
-    for (const auto& id : idsM->getIds()) {
-        if (!id->isDefined()) {
-            names.push_back(id->getName());
+    for (const XpDtd::Id& id : idsM->getIds()) {
+        if (!id.isDefined()) {
+            names.push_back(id.getName());
         }
     }
     std::sort(names.begin(), names.end());
