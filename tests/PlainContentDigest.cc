@@ -26,6 +26,8 @@ constexpr const char* theSubset =
     "<!ELEMENT b (c,d?)><!ELEMENT c EMPTY><!ATTLIST c q CDATA #REQUIRED>\n"
     "<!ELEMENT d (#PCDATA)><!ELEMENT e (a|b)*>\n"
     "<!ENTITY t 'text'><!ENTITY m 'x<a>in\n</a>y'><!ENTITY o '<a>'><!ENTITY s ' \n '>\n"
+    "<!ENTITY w '<a><a/>t&#10;<a x=\"1\">u\n</a>&#38;#65;&t; <a k=\"w\"/></a>'>\n"
+    "<!ENTITY v '<a>&w;\n<a/></a>'><!ENTITY x '<a><a x=\"'><!ENTITY y '<a><a></'>\n"
     "]>\n";
 
 constexpr const char* thePieces[] = {"<a>",
@@ -86,6 +88,10 @@ constexpr const char* thePieces[] = {"<a>",
                                      "a]b",
                                      "&t;",
                                      "&m;",
+                                     "&w;",
+                                     "&v;",
+                                     "&x;",
+                                     "&y;",
                                      "&o;",
                                      "&s;",
                                      "&amp;",

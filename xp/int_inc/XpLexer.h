@@ -107,14 +107,13 @@ class XpLexer {
 
     // For those who read plain text past yylex.
 
-    // True if the document itself is being read, not a replacement text.
-    bool isInDocument() const { return inputStackM.empty(); }
     const unsigned char* getCursor() const { return cursorM; }
     const unsigned char* getLimit() const { return limitM; }  // where the terminator is
-    // Takes what is in front of theCursor as read; theLineFeeds are in it.
+    // Takes what is in front of theCursor as read; theLineFeeds are in it, and count in the document
+    // itself.
     void skipTo(const unsigned char* theCursor, unsigned theLineFeeds) {
         cursorM = theCursor;
-        lineM += theLineFeeds;
+        lineM += inputStackM.empty() ? theLineFeeds : 0;
     }
 
     // What the digits of a character reference name, if XML allows that character.

@@ -74,9 +74,6 @@ struct XpPlainText {
 
 XpPlainContent::State* XpPlainContent::read(XpParserBase& theParser, State* theTop,
                                             const State* theEnd) const {
-    if (!theParser.getLexer().isInDocument()) {
-        return theTop;
-    }
     while (theEnd - theTop > theRoom &&
            (*theTop == statesM.attributes ? readInTag(theParser, theTop)
                                           : readInContent(theParser, theTop))) {
