@@ -89,6 +89,7 @@ class XpDtd::FsmNode final : public XpDtd::ContentNode {
     };
 
     bool add(const Transition& theTransition);
+    bool insert(const Transition& theTransition);
     void reallocate(std::size_t theCapacity);
     void mergeLastRuns();
     void sort();

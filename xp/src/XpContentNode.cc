@@ -1,10 +1,11 @@
 #include "XpContentNode.h"
 
 #include <algorithm>
-#include <functional>
 #include <new>
 #include <utility>
 #include <vector>
+
+#include "XpRowLayout.h"
 
 namespace lumnis {
 
@@ -53,27 +54,6 @@ bool isMadeBefore(const Transition& theTransition, std::uint64_t theCreation) {
 
 bool isMadeBeforeOther(const Transition& theLeft, const Transition& theRight) {
     return isMadeBefore(theLeft, theRight.item->getCreation());
-}
-
-// Rows from their ends, so that a row stands in front of those of which it is the end. No output
-// can see this order.
-bool endsBefore(std::span<const Transition> theLeft, std::span<const Transition> theRight) {
-    const std::less<> less;
-    return std::lexicographical_compare(
-        theLeft.rbegin(), theLeft.rend(), theRight.rbegin(), theRight.rend(),
-        [&](const Transition& theOne, const Transition& theOther) {
-            return theOne.item != theOther.item ? less(theOne.item, theOther.item)
-                                                : less(theOne.target, theOther.target);
-        });
-}
-
-bool isEndOf(std::span<const Transition> theEnd, std::span<const Transition> theRow) {
-    return theEnd.size() <= theRow.size() &&
-           std::equal(theEnd.begin(), theEnd.end(),
-                      theRow.end() - static_cast<std::ptrdiff_t>(theEnd.size()),
-                      [](const Transition& theOne, const Transition& theOther) {
-                          return theOne.item == theOther.item && theOne.target == theOther.target;
-                      });
 }
 
 }  // namespace
@@ -159,7 +139,21 @@ void XpDtd::FsmNode::reallocate(std::size_t theCapacity) {
     rowM.block = block;
 }
 
-bool XpDtd::FsmNode::add(const Transition& theTransition) {
+// Names mostly come in order.
+inline bool XpDtd::FsmNode::add(const Transition& theTransition) {
+    const std::size_t size = rowM.size;
+    if (size > 1 && rowM.block->runs == nullptr && size < rowM.block->capacity) {
+        Transition* const end = rowM.block->data() + size;
+        if (isMadeBefore(end[-1], theTransition.item->getCreation())) {
+            *end = theTransition;
+            ++rowM.size;
+            return true;
+        }
+    }
+    return insert(theTransition);
+}
+
+bool XpDtd::FsmNode::insert(const Transition& theTransition) {
     const std::uint64_t creation = theTransition.item->getCreation();
     Transition* const first = data();
     std::size_t end = rowM.size;
@@ -247,6 +241,9 @@ std::size_t XpDtd::FsmNode::copyTransitions(FsmNode& theFrom) {
     if (this == &theFrom) {
         return 0;
     }
+    if (theFrom.rowM.size == 1) {
+        return add(theFrom.rowM.one) ? 1 : 0;
+    }
     const std::size_t before = rowM.size;
     theFrom.sort();
     if (before == 0 && theFrom.rowM.size > 1) {
@@ -284,34 +281,25 @@ XpDtd::FsmNode* XpDtd::FsmNode::chainNode() {
 
 XpDtd::FsmNode::Table XpDtd::FsmNode::freeze(std::size_t& theTableSize) {
     std::vector<FsmNode*> nodes;
+    std::vector<XpRowLayout::Row> rows;
     for (FsmNode* node = this; node != nullptr; node = node->chainNextM.get()) {
         if (node->rowM.size > 1) {
             node->sort();
             nodes.push_back(node);
+            rows.push_back(node->getTransitions());
         }
     }
-    const auto rowOf = [](const FsmNode* theNode) { return theNode->getTransitions(); };
-    std::sort(nodes.begin(), nodes.end(), [&](const FsmNode* theLeft, const FsmNode* theRight) {
-        return endsBefore(rowOf(theLeft), rowOf(theRight));
-    });
-    // If a row is the end of any other one, then of that behind it.
-    const auto isShared = [&](std::size_t theIndex) {
-        return theIndex + 1 < nodes.size() &&
-               isEndOf(rowOf(nodes[theIndex]), rowOf(nodes[theIndex + 1]));
-    };
-    theTableSize = 0;
-    for (std::size_t i = 0; i < nodes.size(); ++i) {
-        theTableSize += isShared(i) ? 0 : nodes[i]->rowM.size;
-    }
+    const XpRowLayout layout(rows);
+    theTableSize = layout.size();
     Table table = std::make_unique<Transition[]>(theTableSize);
-    Transition* end = table.get();  // of the row that was the last to be written
-    for (std::size_t i = nodes.size(); i-- != 0;) {
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
         FsmNode& node = *nodes[i];
-        if (!isShared(i)) {
-            end = std::copy_n(node.data(), node.rowM.size, end);
+        Transition* const place = table.get() + layout.offsetOf(i);
+        if (!layout.isShared(i)) {
+            std::copy(rows[i].begin(), rows[i].end(), place);
         }
         Block::drop(node.rowM.block);
-        node.rowM.table = end - node.rowM.size;
+        node.rowM.table = place;
         node.rowM.isFrozen = true;
     }
     return table;
