@@ -31,7 +31,7 @@ void WscCompilerData::startFunctionCode() {
 
 template <class Instruction, class... Operands>
 void WscCompilerData::emit(WscOpcode theOpcode, Operands... theOperands) {
-    codeM.append(codeM.make<Instruction>(theOpcode, theOperands...));
+    codeM.append(Instruction(theOpcode, theOperands...));
 }
 
 void WscCompilerData::generate(WscOpcode theOpcode) {
@@ -261,10 +261,10 @@ std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned 
 // the end, jumps may go there, and the instruction stays.
 void WscCompilerData::dropClosingReturn() {
     const auto code = codeM.instructions();
-    if (code.empty() || !code.back()->is(WscOpcode::ReturnEs)) {
+    if (code.empty() || !code.back().is(WscOpcode::ReturnEs)) {
         return;
     }
-    if (code.size() == 1 || !code[code.size() - 2]->is(WscOpcode::PseudoLabel)) {
+    if (code.size() == 1 || !code[code.size() - 2].is(WscOpcode::PseudoLabel)) {
         codeM.truncate(code.size() - 1);
     }
 }

@@ -226,8 +226,8 @@ void WscCompilerData::writeFunction(const WscFunctionInfo& theFunction, unsigned
     functionBufferM += static_cast<char>(arguments);
     functionBufferM += static_cast<char>(theNoOfVariables - arguments);
     WscStringAndIntHandler().getAsMultiByteInteger(theCodeSize, functionBufferM);
-    for (const WscInstruction* instruction : codeM.instructions()) {
-        instruction->writeByteCodeInformation(functionBufferM);
+    for (const WscInstruction& instruction : codeM.instructions()) {
+        instruction.writeByteCodeInformation(functionBufferM);
     }
 }
 
@@ -238,12 +238,14 @@ void WscCompilerData::writeListing(const WscFunctionInfo& theFunction) {
     text += "\" Args=";
     text += std::to_string(theFunction.getNoOfFunctionArgs());
     text += "\r\n===========================\r\n";
-    for (const WscInstruction* instruction : codeM.instructions()) {
+    std::uint32_t position = 0;
+    for (const WscInstruction& instruction : codeM.instructions()) {
         makeRoom(text, 64);
-        text += instrName(instruction->getInstructionNbr());
+        text += instrName(instruction.getInstructionNbr());
         text += ' ';
-        instruction->writeAssemblyCodeInformation(text);
+        instruction.writeAssemblyCodeInformation(text, position);
         text += "\r\n";
+        position += instruction.getSize();
     }
     text += "\r\n\r\n";
     listingStreamM->write(text.data(), text.length());

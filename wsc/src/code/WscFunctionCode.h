@@ -1,40 +1,26 @@
-// The code of the function that is being compiled: its instructions in order, and the arena in
-// which they live.
+// The code of the function that is being compiled: its instructions in order.
 #pragma once
 
 #include <cstddef>
 #include <span>
-#include <type_traits>
-#include <utility>
-#include <vector>
 
-#include "FwArena.h"
+#include "CpsArray.h"
 #include "WscInstructions.h"
 
 namespace lumnis {
 
 class WscFunctionCode {
   public:
-    // Makes an instruction that lives until clear. It is no part of the code yet.
-    template <class Instruction, class... Arguments>
-    Instruction* make(Arguments&&... theArguments) {
-        static_assert(std::is_trivially_destructible_v<Instruction>);
-        return arenaM.make<Instruction>(std::forward<Arguments>(theArguments)...);
-    }
-    void append(WscInstruction* theInstruction) { instructionsM.push_back(theInstruction); }
+    void append(const WscInstruction& theInstruction) { instructionsM.append(theInstruction); }
 
     // Drops all but the first theCount instructions.
-    void truncate(std::size_t theCount) { instructionsM.resize(theCount); }
-    void clear() {
-        instructionsM.clear();
-        arenaM.clear();
-    }
+    void truncate(std::size_t theCount) noexcept { instructionsM.truncate(theCount); }
+    void clear() noexcept { instructionsM.clear(); }
 
-    std::span<WscInstruction*> instructions() noexcept { return instructionsM; }
+    std::span<WscInstruction> instructions() noexcept { return instructionsM.values(); }
 
   private:
-    FwArena arenaM;
-    std::vector<WscInstruction*> instructionsM;
+    CpsArray<WscInstruction, 128> instructionsM;
 };
 
 }  // namespace lumnis
