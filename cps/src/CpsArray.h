@@ -30,8 +30,9 @@ class CpsArray {
     CpsArray& operator=(const CpsArray&) = delete;
     ~CpsArray() { release(); }
 
-    // Appends; what it answers stays where it is until the array grows again. Throws
-    // std::bad_alloc, and then nothing has changed; so do the other growing operations.
+    // Appends; what it answers stays where it is until the array grows again. theArguments must not
+    // lie in the array. Throws std::bad_alloc, and then nothing has changed; so do the other
+    // growing operations.
     template <class... Arguments>
     Value& append(Arguments&&... theArguments) {
         return appendAs<Value>(std::forward<Arguments>(theArguments)...);
@@ -40,11 +41,8 @@ class CpsArray {
     template <class Derived, class... Arguments>
     Derived& appendAs(Arguments&&... theArguments) {
         static_assert(sizeof(Derived) == sizeof(Value));
-        if (sizeM == capacityM) {
-            // An argument may be a value of this array.
-            const Derived value(std::forward<Arguments>(theArguments)...);
-            reserve(capacityM + std::max<std::size_t>(capacityM / 2, 16));
-            return *new (valuesM + sizeM++) Derived(value);
+        if (sizeM == capacityM) [[unlikely]] {
+            lengthen();
         }
         return *new (valuesM + sizeM++) Derived(std::forward<Arguments>(theArguments)...);
     }
@@ -99,6 +97,9 @@ class CpsArray {
     Value* local() noexcept { return reinterpret_cast<Value*>(localM); }
     bool isLocal() const noexcept {
         return static_cast<const void*>(valuesM) == static_cast<const void*>(localM);
+    }
+    [[gnu::noinline]] void lengthen() {
+        reserve(capacityM + std::max<std::size_t>(capacityM / 2, 16));
     }
     void release() noexcept {
         if (!isLocal()) {

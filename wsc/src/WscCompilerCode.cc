@@ -25,6 +25,9 @@ void requireRange(int theValue, int theMaximum, const char* theMessage) {
 void WscCompilerData::startFunctionCode() {
     FwTraceScope scope("WscCompilerData::startFunctionCode");
     codeM.clear();
+    for (WscName* variable : variablesM) {
+        variable->variable = -1;
+    }
     variablesM.clear();
     firstLabelM = nextLabelM;
 }
@@ -137,7 +140,7 @@ void WscCompilerData::generateBoolean(bool theValue) {
     generate(theValue ? WscOpcode::ConstTrue : WscOpcode::ConstFalse);
 }
 
-void WscCompilerData::generateString(const CpsString& theText) {
+void WscCompilerData::generateString(std::string_view theText) {
     if (theText.empty()) {
         generate(WscOpcode::ConstEs);
     } else {
@@ -202,7 +205,7 @@ void WscCompilerData::generateExternalCall(int theUrlNo, int theFuncNo, unsigned
     }
 }
 
-bool WscCompilerData::generateLibraryCall(const CpsString& theLibrary, const CpsString& theFunction,
+bool WscCompilerData::generateLibraryCall(std::string_view theLibrary, std::string_view theFunction,
                                           unsigned theArgumentCount) {
     std::int32_t library = -1;
     std::int32_t function = -1;

@@ -73,7 +73,7 @@ class WscLiteralFloat final : public WscLiteralInfo {
 // A string that stays UTF-8 whatever the unit's charset: the name of a function elsewhere.
 class WscLiteralStringUtf8 final : public WscLiteralInfo {
   public:
-    explicit WscLiteralStringUtf8(const CpsString& theText) : textM(theText) {}
+    explicit WscLiteralStringUtf8(std::string_view theText) : textM(theText) {}
     Type getTypeNbr() const noexcept override { return StringUtf8; }
     void writeByteCodeInformation(CpsString& theOutput) const override;
 
@@ -86,7 +86,7 @@ class WscLiteralStringUtf8 final : public WscLiteralInfo {
 // A string that goes out in the unit's selected charset.
 class WscLiteralStringExtern final : public WscLiteralInfo {
   public:
-    explicit WscLiteralStringExtern(const CpsString& theText) : textM(theText) {}
+    explicit WscLiteralStringExtern(std::string_view theText) : textM(theText) {}
     Type getTypeNbr() const noexcept override { return StringExtern; }
     // Writes the text of the charset that was set: the one with escapes where that is the
     // charset in which it was made, else the transcoded one.
