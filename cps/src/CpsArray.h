@@ -74,11 +74,34 @@ class CpsArray {
         }
         sizeM = theCount;
     }
+    void swap(CpsArray& theOther) noexcept {
+        const bool isMineLocal = isLocal();
+        const bool isTheirsLocal = theOther.isLocal();
+        std::swap(valuesM, theOther.valuesM);
+        std::swap(sizeM, theOther.sizeM);
+        std::swap(capacityM, theOther.capacityM);
+        std::swap(localM, theOther.localM);
+        if (isTheirsLocal) {
+            valuesM = local();
+        }
+        if (isMineLocal) {
+            theOther.valuesM = theOther.local();
+        }
+    }
     // Drops values at the end until there are theCount, at most as many as there are.
     void truncate(std::size_t theCount) noexcept { sizeM = theCount; }
     void pop() noexcept { --sizeM; }
     // Drops all values. The memory stays for what comes.
     void clear() noexcept { sizeM = 0; }
+    // Drops all values and gives back the memory.
+    void release() noexcept {
+        if (!isLocal()) {
+            std::free(valuesM);
+        }
+        valuesM = local();
+        sizeM = 0;
+        capacityM = theLocalCount;
+    }
 
     std::size_t size() const noexcept { return sizeM; }
     bool empty() const noexcept { return sizeM == 0; }
@@ -94,17 +117,16 @@ class CpsArray {
     std::span<const Value> values() const noexcept { return {valuesM, sizeM}; }
 
   private:
+    static constexpr std::size_t theLargeSize = 65536;  // in bytes
+
     Value* local() noexcept { return reinterpret_cast<Value*>(localM); }
     bool isLocal() const noexcept {
         return static_cast<const void*>(valuesM) == static_cast<const void*>(localM);
     }
+    // By a half, and a large array by a quarter: the block mostly grows in place.
     [[gnu::noinline]] void lengthen() {
-        reserve(capacityM + std::max<std::size_t>(capacityM / 2, 16));
-    }
-    void release() noexcept {
-        if (!isLocal()) {
-            std::free(valuesM);
-        }
+        const std::size_t part = capacityM * sizeof(Value) < theLargeSize ? 2 : 4;
+        reserve(capacityM + std::max<std::size_t>(capacityM / part, 16));
     }
 
     Value* valuesM;  // localM or a block of the C library's

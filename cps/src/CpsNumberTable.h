@@ -6,7 +6,8 @@
 #include <cstdint>
 #include <map>
 #include <string_view>
-#include <vector>
+
+#include "CpsArray.h"
 
 namespace lumnis {
 
@@ -53,6 +54,10 @@ class CpsNumberTable {
     // stay far below it.
     static constexpr std::size_t theMaxProbes = 32;
 
+    // As many slots live in the table itself: enough for most of what a small source names.
+    static constexpr std::size_t theFirstSize = 32;
+    using Slots = CpsArray<Slot, theFirstSize>;
+
     std::size_t mask() const noexcept { return slotsM.size() - 1; }
 
     // FNV-1a: texts are short, and a call of the library's hash costs more than it.
@@ -85,7 +90,12 @@ class CpsNumberTable {
     }
 
     void grow() {
-        std::vector<Slot> old(slotsM.empty() ? 64 : 2 * slotsM.size());
+        if (slotsM.empty()) {
+            slotsM.resize(theFirstSize);
+            return;
+        }
+        Slots old;
+        old.resize(2 * slotsM.size());
         old.swap(slotsM);
         for (const Slot& slot : old) {
             if (slot.number >= 0) {
@@ -99,7 +109,7 @@ class CpsNumberTable {
         }
     }
 
-    std::vector<Slot> slotsM;  // open addressing, at most half full, its size a power of two
+    Slots slotsM;  // open addressing, at most half full, its size a power of two
     std::size_t countM = 0;
     std::map<Key, int> crowdedM;  // keys that found no slot near
 };

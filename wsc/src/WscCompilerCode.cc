@@ -34,7 +34,7 @@ void WscCompilerData::startFunctionCode() {
 
 template <class Instruction, class... Operands>
 void WscCompilerData::emit(WscOpcode theOpcode, Operands... theOperands) {
-    codeM.append(Instruction(theOpcode, theOperands...));
+    codeM.append<Instruction>(theOpcode, theOperands...);
 }
 
 void WscCompilerData::generate(WscOpcode theOpcode) {

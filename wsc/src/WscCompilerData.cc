@@ -132,6 +132,9 @@ int WscCompilerData::nextConstIndex() const noexcept {
 
 template <class Literal, class Value>
 Literal& WscCompilerData::appendConst(const Value& theValue) {
+    if (constantsM.empty()) {
+        constantsM.reserve(theFirstConstants);
+    }
     auto* literal = constantMemoryM.make<Literal>(theValue);
     constantsM.push_back(Constant(literal));
     return *literal;
@@ -270,6 +273,7 @@ unsigned int WscCompilerData::selectOutEncoding() {
 
 void WscCompilerData::writeByteCode() {
     FwTraceScope scope("WscCompilerData::writeByteCode");
+    codeM.release();  // the file is as large as the code of a large function, and follows it
     const WscStringAndIntHandler integers;
     CpsString pools;
     integers.getAsMultiByteInteger(getNoOfConstants(), pools);

@@ -211,7 +211,10 @@ class WscCompilerData {
         }
     };
     using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
-    FwArena constantMemoryM;
+    // Enough for the constants of a small unit.
+    static constexpr std::size_t theFirstConstants = 32;
+    alignas(8) std::byte firstConstantsM[theFirstConstants * sizeof(WscLiteralInt32)];
+    FwArena constantMemoryM{firstConstantsM};
     std::vector<Constant> constantsM;  // by index; they live in constantMemoryM
     // The index of each constant by its value; a text looks at its constant's own.
     CpsNumberTable<std::uint32_t> intConstantsM;

@@ -74,12 +74,12 @@ constexpr bool isTransparent(int theSymbol) noexcept {
 
 template <std::size_t theStates, class Tables>
 int passUnitReductions(int theState, int theStateBelow, int theToken,
-                       lumnis::WscParser& theParser, const Tables& theTables) {
+                       const Tables& theTables) {
     static const auto theUnitRules = findUnitRules<theStates>(theTables, isTransparent);
+    static constinit UnitReductionMemo theMemo;
     return theUnitRules[static_cast<std::size_t>(theState)] == 0
                ? theState
-               : passUnits(theState, theStateBelow, theToken, theTables, theUnitRules,
-                           theParser.unitReductions());
+               : passUnits(theState, theStateBelow, theToken, theTables, theUnitRules, theMemo);
 }
 
 }  // namespace

@@ -13,7 +13,6 @@
 #include "WscAstPrimaries.h"
 #include "WscAstStatements.h"
 #include "WscLexer.h"
-#include "WscUnitReductions.h"
 
 namespace lumnis {
 
@@ -78,7 +77,6 @@ class WscParser {
     std::size_t forLoop(std::size_t theInit, std::size_t theCondition, std::size_t theIncrement,
                         std::size_t theBody);
     void setRoot(std::size_t theRoot) noexcept { rootM = theRoot; }
-    UnitReductionMemo& unitReductions() noexcept { return unitReductionsM; }
     // The generated parser's stack once it has grown: it must go when an exception passes.
     void* allocateStack(std::size_t theSize) { return stackM.allocate(theSize); }
 
@@ -94,7 +92,6 @@ class WscParser {
     CpsArray<WscSimpleNode, 64> nodesM;
     std::size_t rootM = theNoNode;
     FwArena stackM;
-    UnitReductionMemo unitReductionsM;
 };
 
 }  // namespace lumnis

@@ -77,13 +77,13 @@ const WscSimpleNode* WscSimpleNode::semanticAction(WscCompilerData& theData,
 void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
     FwTraceScope scope("WscSimpleNode::runSemanticAction");
     CpsArray<WscActionFrame, 32> begun;
-    begun.append(WscActionFrame{this});
+    begun.append(this);
     while (!begun.empty()) {
         WscActionFrame& frame = begun.back();
         const WscSimpleNode* next = frame.node->semanticAction(theData, frame);
         ++frame.step;
         if (next != nullptr) {
-            begun.append(WscActionFrame{next});
+            begun.append(next);
         } else {
             begun.pop();
         }

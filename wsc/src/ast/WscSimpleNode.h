@@ -72,6 +72,8 @@ enum class WscNodeType : std::uint8_t {
 
 // A node in the middle of its action.
 struct WscActionFrame {
+    explicit WscActionFrame(const WscSimpleNode* theNode) noexcept : node(theNode) {}
+
     const WscSimpleNode* node;
     unsigned step = 0;                            // children whose actions are done
     const WscSimpleNode* currentChild = nullptr;  // for lists: the child named last

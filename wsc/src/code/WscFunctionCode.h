@@ -11,11 +11,18 @@ namespace lumnis {
 
 class WscFunctionCode {
   public:
-    void append(const WscInstruction& theInstruction) { instructionsM.append(theInstruction); }
+    // Makes an instruction at the end, in its place: one that is made elsewhere and copied costs
+    // the processor a wait for its parts.
+    template <class Instruction, class... Operands>
+    void append(WscOpcode theOpcode, Operands... theOperands) {
+        instructionsM.appendAs<Instruction>(theOpcode, theOperands...);
+    }
 
     // Drops all but the first theCount instructions.
     void truncate(std::size_t theCount) noexcept { instructionsM.truncate(theCount); }
     void clear() noexcept { instructionsM.clear(); }
+    // The same, and gives back the memory.
+    void release() noexcept { instructionsM.release(); }
 
     std::span<WscInstruction> instructions() noexcept { return instructionsM.values(); }
 

@@ -115,6 +115,16 @@ class Layout {
     // The first layout, with one byte for each jump, and what follows from it.
     void collect(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel) {
         CpsArray<Label, 32> labels;
+        std::size_t jumpCount = 0;
+        std::size_t labelCount = 0;
+        for (const WscInstruction& instruction : theCode) {
+            const bool isLabel = instruction.is(WscOpcode::PseudoLabel);
+            labelCount += isLabel;
+            jumpCount += !isLabel && instruction.isFlow();
+        }
+        flowsM.reserve(jumpCount + labelCount);
+        jumpsM.reserve(jumpCount);
+        labels.reserve(labelCount);
         std::uint32_t gap = 0;
         for (WscInstruction& instruction : theCode) {
             if (!instruction.isFlow()) {
