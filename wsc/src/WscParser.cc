@@ -11,9 +11,14 @@ namespace lumnis {
 
 namespace {
 
-// Dense source makes two nodes of three bytes. Room for them at once spares the moves of a growing
-// array, up to a size at which a source may as well be mostly comment.
-constexpr std::size_t theMostNodesAhead = std::size_t{1} << 15;
+// The nodes that a source of theLength bytes gets room for at once; a large one may as well be
+// mostly comment. Dense source makes two nodes of three bytes. The rest is there because the C
+// library keeps twice the largest block that it has seen for the next call: with less than that it
+// would give memory back and take it again, with a fault for each page.
+std::size_t nodesAhead(std::size_t theLength) noexcept {
+    constexpr std::size_t theMostNodes = 32768;
+    return std::min(theLength / 8 * 7, theMostNodes);
+}
 
 // A double beyond the floats becomes infinity, as IEEE 754 rounds it; the language leaves the
 // plain conversion undefined.
@@ -33,7 +38,7 @@ float narrowed(double theValue) noexcept {
 
 WscParser::WscParser(const CpsString& theSource, WscSourceTexts& theTexts)
     : lexerM(theSource, theTexts) {
-    nodesM.reserve(std::min<std::size_t>(theSource.length() / 8 * 7, theMostNodesAhead));
+    nodesM.reserve(nodesAhead(theSource.length()));
 }
 
 WscParser::~WscParser() = default;

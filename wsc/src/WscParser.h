@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <new>
 
 #include "CpsArray.h"
 #include "CpsString.h"
@@ -81,8 +82,14 @@ class WscParser {
     void* allocateStack(std::size_t theSize) { return stackM.allocate(theSize); }
 
   private:
+    // What the distances between nodes can tell apart; 32 GiB.
+    static constexpr std::size_t theMostNodes = std::size_t{1} << 31;
+
     template <class Node>
     Node& make() {
+        if (nodesM.size() == theMostNodes) {
+            throw std::bad_alloc();
+        }
         return nodesM.appendAs<Node>(Node::theNodeType, lexerM.getCurrentLineNumber());
     }
     // The number of the node made last.
