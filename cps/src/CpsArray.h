@@ -54,7 +54,8 @@ class CpsArray {
         if (theCount > static_cast<std::size_t>(-1) / sizeof(Value)) {
             throw std::bad_alloc();
         }
-        void* block = std::realloc(isLocal() ? nullptr : valuesM, theCount * sizeof(Value));
+        void* old = isLocal() ? nullptr : valuesM;
+        void* block = std::realloc(old, theCount * sizeof(Value));
         if (block == nullptr) {
             throw std::bad_alloc();
         }

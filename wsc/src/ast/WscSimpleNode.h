@@ -149,6 +149,10 @@ class WscSimpleNode {
     int getLineNumber() const noexcept { return lineNumberM; }
 
   protected:
+    // A node is copied with its whole array alone: elsewhere it would find other neighbours.
+    WscSimpleNode(const WscSimpleNode&) = default;
+    WscSimpleNode& operator=(const WscSimpleNode&) = default;
+
     // A node that has no children may hold a number instead.
     void setValue(std::uint32_t theValue) noexcept {
         valueM = theValue;
