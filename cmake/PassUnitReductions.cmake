@@ -11,7 +11,7 @@ file(READ "${INPUT}" text)
 lumnis_insert(text
   "  YY_ASSERT (0 <= yystate && yystate < YYNSTATES);\n" BEHIND
   "  if (yyss < yyssp)
-    yystate = passUnitReductions<YYNSTATES> (yystate, yyssp[-1], yychar, theParser,
+    yystate = passUnitReductions<YYNSTATES> (yystate, yyssp[-1], yychar,
                                   UnitReductionTables {yypact, yydefact, yypgoto, yydefgoto, yytable,
                                     yycheck, yyr1, yyr2, yytranslate, YYPACT_NINF, YYLAST, YYNTOKENS});
 ")

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <map>
 #include <string_view>
-#include <vector>
 
+#include "CpsArray.h"
 #include "CpsBytes.h"
 
 namespace lumnis {
@@ -38,7 +38,7 @@ class CpsNumberTable {
 
     // Gives theKey, which must not have one, a number of 0 or above.
     void add(Key theKey, int theNumber) {
-        entriesM.push_back({theKey, theNumber});
+        entriesM.append(Entry{theKey, theNumber});
         if (2 * entriesM.size() > slotsM.size()) {
             grow();
         }
@@ -60,6 +60,10 @@ class CpsNumberTable {
     // How many slots a key may be away from its own. In a table at most half full ordinary keys
     // stay far below it.
     static constexpr std::size_t theMaxProbes = 32;
+
+    // As many slots live in the table itself: enough for most of what a small source names.
+    static constexpr std::size_t theFirstSize = 32;
+    using Slots = CpsArray<Slot, theFirstSize>;
 
     std::size_t mask() const noexcept { return slotsM.size() - 1; }
 
@@ -92,7 +96,12 @@ class CpsNumberTable {
 
     // In a larger table those that were crowded may find a place.
     void grow() {
-        std::vector<Slot> old(slotsM.empty() ? 64 : 2 * slotsM.size());
+        if (slotsM.empty()) {
+            slotsM.resize(theFirstSize);
+            return;
+        }
+        Slots old;
+        old.resize(2 * slotsM.size());
         old.swap(slotsM);
         for (const Slot& slot : old) {
             if (slot.entry != 0) {
@@ -106,8 +115,8 @@ class CpsNumberTable {
         }
     }
 
-    std::vector<Slot> slotsM;  // open addressing, at most half full, its size a power of two
-    std::vector<Entry> entriesM;
+    Slots slotsM;  // open addressing, at most half full, its size a power of two
+    CpsArray<Entry, theFirstSize / 2> entriesM;
     std::map<Key, std::uint32_t> crowdedM;  // keys that found no slot near
 };
 

@@ -1,4 +1,4 @@
-// Memory for what dies with a compilation, a function or a document: taken a piece at a time,
+// Memory for what dies with a compilation or a document: taken a piece at a time,
 // given back all at once, without a call for each.
 #pragma once
 
@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <memory>
 #include <new>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -15,7 +16,12 @@ namespace lumnis {
 
 class FwArena {
   public:
-    // An object that lives until clear or the arena's end. Its destructor is not called.
+    FwArena() noexcept = default;
+    // Takes pieces of theFirst, which must outlive the arena, before it takes memory of its own.
+    explicit FwArena(std::span<std::byte> theFirst) noexcept
+        : nextM(theFirst.data()), limitM(nextM + theFirst.size()) {}
+
+    // An object that lives until the arena's end. Its destructor is not called.
     template <class Object, class... Arguments>
     Object* make(Arguments&&... theArguments) {
         static_assert(alignof(Object) <= theAlignment);
@@ -31,19 +37,6 @@ class FwArena {
         void* result = nextM;
         nextM += size;
         return result;
-    }
-
-    // Ends everything that has been made. One chunk stays for what comes.
-    void clear() noexcept {
-        if (!largeM.empty()) {
-            largeM.resize(1);
-            useChunk(largeM.front().get(), theLargePageSize);
-            chunksM.clear();
-        } else if (!chunksM.empty()) {
-            chunksM.front().swap(chunksM.back());
-            chunksM.resize(1);
-            nextM = chunksM.front().get();
-        }
     }
 
   private:

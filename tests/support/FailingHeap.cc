@@ -34,12 +34,19 @@ void release(void* theBlock) {
 
 }  // namespace
 
-// The linker gives the first for malloc, by --wrap=malloc, and finds the second in libc.
+// The linker gives __wrap_malloc for malloc, by --wrap=malloc, and finds __real_malloc in libc; so
+// for realloc.
 extern "C" void* __real_malloc(std::size_t theSize);
 extern "C" void* __wrap_malloc(std::size_t theSize);
+extern "C" void* __real_realloc(void* theBlock, std::size_t theSize);
+extern "C" void* __wrap_realloc(void* theBlock, std::size_t theSize);
 
 extern "C" void* __wrap_malloc(std::size_t theSize) {
     return isToFail() ? nullptr : __real_malloc(theSize);
+}
+
+extern "C" void* __wrap_realloc(void* theBlock, std::size_t theSize) {
+    return isToFail() ? nullptr : __real_realloc(theBlock, theSize);
 }
 
 // All forms of new and delete, so that a sanitizer's own do not mix with them. Not inlined: the

@@ -1,5 +1,6 @@
 // A heap that fails on demand and counts what is in use; it replaces operator new and delete in the
-// program that it is linked into, and what the project's own code calls as malloc.
+// program that it is linked into, and what the project's own code calls as malloc and
+// realloc.
 #pragma once
 
 #include <cstddef>

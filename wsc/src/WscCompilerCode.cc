@@ -25,13 +25,16 @@ void requireRange(int theValue, int theMaximum, const char* theMessage) {
 void WscCompilerData::startFunctionCode() {
     FwTraceScope scope("WscCompilerData::startFunctionCode");
     codeM.clear();
+    for (WscName* variable : variablesM) {
+        variable->variable = -1;
+    }
     variablesM.clear();
     firstLabelM = nextLabelM;
 }
 
 template <class Instruction, class... Operands>
 void WscCompilerData::emit(WscOpcode theOpcode, Operands... theOperands) {
-    codeM.append(codeM.make<Instruction>(theOpcode, theOperands...));
+    codeM.append<Instruction>(theOpcode, theOperands...);
 }
 
 void WscCompilerData::generate(WscOpcode theOpcode) {
@@ -137,7 +140,7 @@ void WscCompilerData::generateBoolean(bool theValue) {
     generate(theValue ? WscOpcode::ConstTrue : WscOpcode::ConstFalse);
 }
 
-void WscCompilerData::generateString(const CpsString& theText) {
+void WscCompilerData::generateString(std::string_view theText) {
     if (theText.empty()) {
         generate(WscOpcode::ConstEs);
     } else {
@@ -202,7 +205,7 @@ void WscCompilerData::generateExternalCall(int theUrlNo, int theFuncNo, unsigned
     }
 }
 
-bool WscCompilerData::generateLibraryCall(const CpsString& theLibrary, const CpsString& theFunction,
+bool WscCompilerData::generateLibraryCall(std::string_view theLibrary, std::string_view theFunction,
                                           unsigned theArgumentCount) {
     std::int32_t library = -1;
     std::int32_t function = -1;
@@ -261,10 +264,10 @@ std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned 
 // the end, jumps may go there, and the instruction stays.
 void WscCompilerData::dropClosingReturn() {
     const auto code = codeM.instructions();
-    if (code.empty() || !code.back()->is(WscOpcode::ReturnEs)) {
+    if (code.empty() || !code.back().is(WscOpcode::ReturnEs)) {
         return;
     }
-    if (code.size() == 1 || !code[code.size() - 2]->is(WscOpcode::PseudoLabel)) {
+    if (code.size() == 1 || !code[code.size() - 2].is(WscOpcode::PseudoLabel)) {
         codeM.truncate(code.size() - 1);
     }
 }

@@ -29,25 +29,6 @@ void makeRoom(CpsString& theBuffer, std::uint32_t theCount) {
 
 }  // namespace
 
-bool WscCompilerData::NameMap::add(const WscName& theName, int theValue) {
-    if (find(theName) >= 0) {
-        return false;
-    }
-    if (theName.number >= valuesM.size()) {
-        valuesM.resize(theName.number + 1, -1);
-    }
-    namesM.push_back(theName.number);
-    valuesM[theName.number] = theValue;
-    return true;
-}
-
-void WscCompilerData::NameMap::clear() noexcept {
-    for (const unsigned name : namesM) {
-        valuesM[name] = -1;
-    }
-    namesM.clear();
-}
-
 WscCompilerData::WscCompilerData(std::ostream* theDebugStream, std::ostream* theListingStream,
                                  std::vector<unsigned int> theAcceptCharsets, bool theOptimizeMode,
                                  std::uint8_t theMajorVersion, std::uint8_t theMinorVersion)
@@ -66,45 +47,45 @@ void WscCompilerData::addError(int theCode, const CpsString& theMessage) {
     errorsM.emplace_back(theCode, theMessage);
 }
 
-bool WscCompilerData::addPragmaURL(const WscName& theName, const CpsString& theUrl) {
-    return urlNamesM.find(theName) < 0 && urlNamesM.add(theName, addStringConst(theUrl));
+bool WscCompilerData::addPragmaURL(WscName& theName, std::string_view theUrl) {
+    if (theName.urlConstant >= 0) {
+        return false;
+    }
+    theName.urlConstant = addStringConst(theUrl);
+    return true;
 }
 
-int WscCompilerData::searchUrlConst(const WscName& theName) const {
-    return urlNamesM.find(theName);
-}
-
-void WscCompilerData::addPragmaAccessDomain(const CpsString& theDomain) {
+void WscCompilerData::addPragmaAccessDomain(std::string_view theDomain) {
     const auto domain = static_cast<std::uint32_t>(addStringConst(theDomain));
     pragmasM.push_back(std::make_unique<WscPragmaAcessDomain>(domain));
     hasAccessDomainM = true;
 }
 
-void WscCompilerData::addPragmaAccessPath(const CpsString& thePath) {
+void WscCompilerData::addPragmaAccessPath(std::string_view thePath) {
     const auto path = static_cast<std::uint32_t>(addStringConst(thePath));
     pragmasM.push_back(std::make_unique<WscPragmaAcessPath>(path));
     hasAccessPathM = true;
 }
 
-void WscCompilerData::addPragmaAccessDomainPath(const CpsString& theDomain,
-                                                const CpsString& thePath) {
+void WscCompilerData::addPragmaAccessDomainPath(std::string_view theDomain,
+                                                std::string_view thePath) {
     addPragmaAccessPath(thePath);
     addPragmaAccessDomain(theDomain);
 }
 
-void WscCompilerData::addPragmaMetaName(const CpsString& theProperty, const CpsString& theContent,
-                                        const CpsString& theScheme) {
+void WscCompilerData::addPragmaMetaName(std::string_view theProperty, std::string_view theContent,
+                                        std::string_view theScheme) {
     metaNamesM.emplace_back(theProperty, theContent, theScheme);
 }
 
-void WscCompilerData::addPragmaMetaHttp(const CpsString& theProperty, const CpsString& theContent,
-                                        const CpsString& theScheme) {
+void WscCompilerData::addPragmaMetaHttp(std::string_view theProperty, std::string_view theContent,
+                                        std::string_view theScheme) {
     metaHttpsM.emplace_back(theProperty, theContent, theScheme);
 }
 
-void WscCompilerData::addPragmaMetaUserAgent(const CpsString& theProperty,
-                                             const CpsString& theContent,
-                                             const CpsString& theScheme) {
+void WscCompilerData::addPragmaMetaUserAgent(std::string_view theProperty,
+                                             std::string_view theContent,
+                                             std::string_view theScheme) {
     if (theScheme.empty()) {
         const auto content = static_cast<std::uint32_t>(addStringConst(theContent));
         const auto property = static_cast<std::uint32_t>(addStringConst(theProperty));
@@ -118,35 +99,31 @@ void WscCompilerData::addPragmaMetaUserAgent(const CpsString& theProperty,
         std::make_unique<WscPragmaUserAgentPropertyScheme>(property, content, scheme));
 }
 
-int WscCompilerData::addFunction(const WscName& theName, std::uint8_t theNoOfArgs,
-                                 bool isExported) {
+int WscCompilerData::addFunction(WscName& theName, std::uint8_t theNoOfArgs, bool isExported) {
     const auto number = static_cast<std::uint8_t>(functionsM.size());
-    if (!functionNumbersM.add(theName, number)) {
+    if (theName.function >= 0) {
         return -1;
     }
-    functionsM.emplace_back(theName.text, number, theNoOfArgs);
+    theName.function = number;
+    functionsM.append(theName.text, number, theNoOfArgs);
     if (isExported) {
-        exportedFunctionsM.push_back(number);
+        exportedFunctionsM.append(number);
     }
     return number;
 }
 
-int WscCompilerData::searchFunctionNo(const WscName& theName) const {
-    return functionNumbersM.find(theName);
-}
-
 int WscCompilerData::searchFunctionArgs(const WscName& theName) const {
-    const int number = functionNumbersM.find(theName);
+    const int number = searchFunctionNo(theName);
     return number < 0 ? -1 : functionsM[static_cast<std::size_t>(number)].getNoOfFunctionArgs();
 }
 
-int WscCompilerData::addVariable(const WscName& theName) {
-    const int number = std::min(static_cast<int>(variablesM.size()), theMaxVariableNumber);
-    return variablesM.add(theName, number) ? number : -1;
-}
-
-int WscCompilerData::searchVariable(const WscName& theName) const {
-    return variablesM.find(theName);
+int WscCompilerData::addVariable(WscName& theName) {
+    if (theName.variable >= 0) {
+        return -1;
+    }
+    variablesM.append(&theName);
+    theName.variable = std::min(static_cast<int>(variablesM.size()) - 1, theMaxVariableNumber);
+    return theName.variable;
 }
 
 int WscCompilerData::nextConstIndex() const noexcept {
@@ -155,6 +132,9 @@ int WscCompilerData::nextConstIndex() const noexcept {
 
 template <class Literal, class Value>
 Literal& WscCompilerData::appendConst(const Value& theValue) {
+    if (constantsM.empty()) {
+        constantsM.reserve(theFirstConstants);
+    }
     auto* literal = constantMemoryM.make<Literal>(theValue);
     constantsM.push_back(Constant(literal));
     return *literal;
@@ -173,7 +153,7 @@ int WscCompilerData::addNumber(CpsNumberTable<std::uint32_t>& theKnown, std::uin
 }
 
 template <class Literal>
-int WscCompilerData::addText(CpsNumberTable<std::string_view>& theKnown, const CpsString& theText) {
+int WscCompilerData::addText(CpsNumberTable<std::string_view>& theKnown, std::string_view theText) {
     int index = theKnown.find(theText);
     if (index < 0) {
         index = nextConstIndex();
@@ -199,16 +179,16 @@ int WscCompilerData::addFloatConst(float theValue) {
     return addNumber<WscLiteralFloat>(floatConstantsM, key, theValue);
 }
 
-int WscCompilerData::addStringConst(const CpsString& theText) {
+int WscCompilerData::addStringConst(std::string_view theText) {
     return addText<WscLiteralStringExtern>(stringConstantsM, theText);
 }
 
-int WscCompilerData::addUtf8Const(const CpsString& theText) {
+int WscCompilerData::addUtf8Const(std::string_view theText) {
     return addText<WscLiteralStringUtf8>(utf8ConstantsM, theText);
 }
 
 void WscCompilerData::pushLoopLabels(int theContinueLabel, int theBreakLabel) {
-    loopLabelsM.push_back({theContinueLabel, theBreakLabel});
+    loopLabelsM.append(LoopLabels{theContinueLabel, theBreakLabel});
 }
 
 int WscCompilerData::getContinueLabel() const noexcept {
@@ -226,8 +206,8 @@ void WscCompilerData::writeFunction(const WscFunctionInfo& theFunction, unsigned
     functionBufferM += static_cast<char>(arguments);
     functionBufferM += static_cast<char>(theNoOfVariables - arguments);
     WscStringAndIntHandler().getAsMultiByteInteger(theCodeSize, functionBufferM);
-    for (const WscInstruction* instruction : codeM.instructions()) {
-        instruction->writeByteCodeInformation(functionBufferM);
+    for (const WscInstruction& instruction : codeM.instructions()) {
+        instruction.writeByteCodeInformation(functionBufferM);
     }
 }
 
@@ -238,12 +218,14 @@ void WscCompilerData::writeListing(const WscFunctionInfo& theFunction) {
     text += "\" Args=";
     text += std::to_string(theFunction.getNoOfFunctionArgs());
     text += "\r\n===========================\r\n";
-    for (const WscInstruction* instruction : codeM.instructions()) {
+    std::uint32_t position = 0;
+    for (const WscInstruction& instruction : codeM.instructions()) {
         makeRoom(text, 64);
-        text += instrName(instruction->getInstructionNbr());
+        text += instrName(instruction.getInstructionNbr());
         text += ' ';
-        instruction->writeAssemblyCodeInformation(text);
+        instruction.writeAssemblyCodeInformation(text, position);
         text += "\r\n";
+        position += instruction.getSize();
     }
     text += "\r\n\r\n";
     listingStreamM->write(text.data(), text.length());
@@ -291,6 +273,7 @@ unsigned int WscCompilerData::selectOutEncoding() {
 
 void WscCompilerData::writeByteCode() {
     FwTraceScope scope("WscCompilerData::writeByteCode");
+    codeM.release();  // the file is as large as the code of a large function, and follows it
     const WscStringAndIntHandler integers;
     CpsString pools;
     integers.getAsMultiByteInteger(getNoOfConstants(), pools);

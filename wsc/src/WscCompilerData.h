@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "CpsArray.h"
 #include "CpsNumberTable.h"
 #include "CpsString.h"
 #include "FwArena.h"
@@ -19,6 +20,7 @@
 #include "WscOpcode.h"
 #include "WscPragmaInfo.h"
 #include "WscPragmaMeta.h"
+#include "WscSourceTexts.h"
 #include "WscWmlScriptError.h"
 
 namespace lumnis {
@@ -37,6 +39,10 @@ class WscCompilerData {
     WscCompilerData& operator=(const WscCompilerData&) = delete;
     virtual ~WscCompilerData();
 
+    // The names and literals of the source, which the parser puts there.
+    WscSourceTexts& getTexts() noexcept { return textsM; }
+    const WscSourceTexts& getTexts() const noexcept { return textsM; }
+
     // Errors and results.
 
     void addError(int theCode, const CpsString& theMessage);
@@ -53,35 +59,35 @@ class WscCompilerData {
     bool hasPragmaAccessDomain() const noexcept { return hasAccessDomainM; }
     bool hasPragmaAccessPath() const noexcept { return hasAccessPathM; }
     // False, and nothing added, when theName is taken.
-    bool addPragmaURL(const WscName& theName, const CpsString& theUrl);
+    bool addPragmaURL(WscName& theName, std::string_view theUrl);
     // Constant index of the URL, or -1.
-    int searchUrlConst(const WscName& theName) const;
-    void addPragmaAccessDomain(const CpsString& theDomain);
-    void addPragmaAccessPath(const CpsString& thePath);
-    void addPragmaAccessDomainPath(const CpsString& theDomain, const CpsString& thePath);
+    int searchUrlConst(const WscName& theName) const noexcept { return theName.urlConstant; }
+    void addPragmaAccessDomain(std::string_view theDomain);
+    void addPragmaAccessPath(std::string_view thePath);
+    void addPragmaAccessDomainPath(std::string_view theDomain, std::string_view thePath);
     // The two kinds of meta pragma that never reach the file.
-    void addPragmaMetaName(const CpsString& theProperty, const CpsString& theContent,
-                           const CpsString& theScheme);
-    void addPragmaMetaHttp(const CpsString& theProperty, const CpsString& theContent,
-                           const CpsString& theScheme);
-    void addPragmaMetaUserAgent(const CpsString& theProperty, const CpsString& theContent,
-                                const CpsString& theScheme);
+    void addPragmaMetaName(std::string_view theProperty, std::string_view theContent,
+                           std::string_view theScheme);
+    void addPragmaMetaHttp(std::string_view theProperty, std::string_view theContent,
+                           std::string_view theScheme);
+    void addPragmaMetaUserAgent(std::string_view theProperty, std::string_view theContent,
+                                std::string_view theScheme);
 
     // Functions. Numbers count from 0 in order of addition.
 
     // The function's number, or -1 when theName is taken.
-    int addFunction(const WscName& theName, std::uint8_t theNoOfArgs, bool isExported);
+    int addFunction(WscName& theName, std::uint8_t theNoOfArgs, bool isExported);
     unsigned getNoOfFunctions() const noexcept { return static_cast<unsigned>(functionsM.size()); }
     // Number, or number of arguments, or -1.
-    int searchFunctionNo(const WscName& theName) const;
+    int searchFunctionNo(const WscName& theName) const noexcept { return theName.function; }
     int searchFunctionArgs(const WscName& theName) const;
 
     // Variables of the current function. The numbers that they answer stop at 255, the largest
     // that an instruction holds: a function with more variables is refused at its end.
 
     // The variable's number, or -1 when theName is taken.
-    int addVariable(const WscName& theName);
-    int searchVariable(const WscName& theName) const;
+    int addVariable(WscName& theName);
+    int searchVariable(const WscName& theName) const noexcept { return theName.variable; }
     unsigned getNoOfVariables() const noexcept { return static_cast<unsigned>(variablesM.size()); }
 
     // Constants. Each answers the index of the constant, the old one when an equal constant is
@@ -89,15 +95,15 @@ class WscCompilerData {
 
     int addIntConst(std::int32_t theValue);
     int addFloatConst(float theValue);
-    int addStringConst(const CpsString& theText);
-    int addUtf8Const(const CpsString& theText);
+    int addStringConst(std::string_view theText);
+    int addUtf8Const(std::string_view theText);
     unsigned getNoOfConstants() const noexcept { return static_cast<unsigned>(constantsM.size()); }
 
     // Labels are unique in the unit.
 
     int newLabel() noexcept { return static_cast<int>(nextLabelM++); }
     void pushLoopLabels(int theContinueLabel, int theBreakLabel);
-    void popLoopLabels() { loopLabelsM.pop_back(); }
+    void popLoopLabels() noexcept { loopLabelsM.pop(); }
     // Of the innermost loop; -1 outside of loops.
     int getContinueLabel() const noexcept;
     int getBreakLabel() const noexcept;
@@ -127,7 +133,7 @@ class WscCompilerData {
     void generateInvalid() { generate(WscOpcode::ConstInvalid); }
     void generateToBool() { generate(WscOpcode::Tobool); }
     void generateBoolean(bool theValue);
-    void generateString(const CpsString& theText);
+    void generateString(std::string_view theText);
     void generateInteger(std::int32_t theValue);
     void generateFloat(float theValue);
     void generateLoadConst(int theConstNo);
@@ -135,7 +141,7 @@ class WscCompilerData {
     // theArgumentCount up to 255.
     void generateExternalCall(int theUrlNo, int theFuncNo, unsigned theArgumentCount);
     // False, and nothing emitted, when there is no such function with so many arguments.
-    bool generateLibraryCall(const CpsString& theLibrary, const CpsString& theFunction,
+    bool generateLibraryCall(std::string_view theLibrary, std::string_view theFunction,
                              unsigned theArgumentCount);
     void generateJump(int theLabel);
     void generateTJump(int theLabel);
@@ -159,28 +165,13 @@ class WscCompilerData {
         int continueLabel;
         int breakLabel;
     };
-    // What belongs to each name of the source, by the name's number; -1 for nothing.
-    class NameMap {
-      public:
-        int find(const WscName& theName) const noexcept {
-            return theName.number < valuesM.size() ? valuesM[theName.number] : -1;
-        }
-        // False when theName has a value already.
-        bool add(const WscName& theName, int theValue);
-        void clear() noexcept;
-        std::size_t size() const noexcept { return namesM.size(); }
-
-      private:
-        std::vector<int> valuesM;
-        std::vector<unsigned> namesM;  // those that have a value
-    };
     // Makes a constant and gives it the next index.
     template <class Literal, class Value>
     Literal& appendConst(const Value& theValue);
     template <class Literal, class Value>
     int addNumber(CpsNumberTable<std::uint32_t>& theKnown, std::uint32_t theKey, Value theValue);
     template <class Literal>
-    int addText(CpsNumberTable<std::string_view>& theKnown, const CpsString& theText);
+    int addText(CpsNumberTable<std::string_view>& theKnown, std::string_view theText);
     int nextConstIndex() const noexcept;
     template <class Instruction, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
@@ -203,14 +194,13 @@ class WscCompilerData {
     std::vector<WscWmlScriptError> errorsM;
     std::vector<WscPragmaMeta> metaNamesM;
     std::vector<WscPragmaMeta> metaHttpsM;
-    std::vector<LoopLabels> loopLabelsM;  // the innermost last
+    CpsArray<LoopLabels, 16> loopLabelsM;  // the innermost last
 
-    NameMap variablesM;                       // of the current function
-    std::vector<WscFunctionInfo> functionsM;  // by number
-    NameMap functionNumbersM;
-    std::vector<std::uint8_t> exportedFunctionsM;  // numbers, in order of registration
+    WscSourceTexts textsM;
+    CpsArray<WscName*, 32> variablesM;              // of the current function, by number
+    CpsArray<WscFunctionInfo, 16> functionsM;       // by number
+    CpsArray<std::uint8_t, 32> exportedFunctionsM;  // numbers, in order of registration
     std::vector<std::unique_ptr<WscPragmaInfo>> pragmasM;
-    NameMap urlNamesM;
     bool hasAccessDomainM = false;
     bool hasAccessPathM = false;
 
@@ -221,7 +211,10 @@ class WscCompilerData {
         }
     };
     using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
-    FwArena constantMemoryM;
+    // Enough for the constants of a small unit.
+    static constexpr std::size_t theFirstConstants = 32;
+    alignas(8) std::byte firstConstantsM[theFirstConstants * sizeof(WscLiteralInt32)];
+    FwArena constantMemoryM{firstConstantsM};
     std::vector<Constant> constantsM;  // by index; they live in constantMemoryM
     // The index of each constant by its value; a text looks at its constant's own.
     CpsNumberTable<std::uint32_t> intConstantsM;

@@ -73,13 +73,12 @@ constexpr bool isTransparent(int theSymbol) noexcept {
 }
 
 template <std::size_t theStates, class Tables>
-int passUnitReductions(int theState, int theStateBelow, int theToken,
-                       lumnis::WscParser& theParser, const Tables& theTables) {
+int passUnitReductions(int theState, int theStateBelow, int theToken, const Tables& theTables) {
     static const auto theUnitRules = findUnitRules<theStates>(theTables, isTransparent);
+    static constinit UnitReductionMemo theMemo;
     return theUnitRules[static_cast<std::size_t>(theState)] == 0
                ? theState
-               : passUnits(theState, theStateBelow, theToken, theTables, theUnitRules,
-                           theParser.unitReductions());
+               : passUnits(theState, theStateBelow, theToken, theTables, theUnitRules, theMemo);
 }
 
 }  // namespace
@@ -129,12 +128,12 @@ CompilationUnit:
 
 FunctionDeclarations:
     FunctionDeclaration                         { $$.node = theParser.node<WscAstFunctionDeclarations>($1.node); }
-  | FunctionDeclarations FunctionDeclaration    { $1.node->addChild($2.node); $$ = $1; }
+  | FunctionDeclarations FunctionDeclaration    { theParser.addChild($1.node, $2.node); $$ = $1; }
   ;
 
 Pragmas:
     Pragma              { $$.node = theParser.node<WscAstPragmas>($1.node); }
-  | Pragmas Pragma      { $1.node->addChild($2.node); $$ = $1; }
+  | Pragmas Pragma      { theParser.addChild($1.node, $2.node); $$ = $1; }
   ;
 
 Pragma: "use" PragmaBody ';'    { $$ = $2; };
@@ -164,17 +163,17 @@ PragmaBody:
 
 FunctionDeclaration:
     "function" IDENTIFIER '(' ')' Block
-        { $$.node = theParser.function(theParser.empty(), $2.name, nullptr, $5.node); }
+        { $$.node = theParser.function(theParser.empty(), $2.name, WscParser::theNoNode, $5.node); }
   | "function" IDENTIFIER '(' ')' Block ';'
-        { $$.node = theParser.function(theParser.empty(), $2.name, nullptr, $5.node); }
+        { $$.node = theParser.function(theParser.empty(), $2.name, WscParser::theNoNode, $5.node); }
   | "function" IDENTIFIER '(' FormalParameterList ')' Block
         { $$.node = theParser.function(theParser.empty(), $2.name, $4.node, $6.node); }
   | "function" IDENTIFIER '(' FormalParameterList ')' Block ';'
         { $$.node = theParser.function(theParser.empty(), $2.name, $4.node, $6.node); }
   | "extern" "function" IDENTIFIER '(' ')' Block
-        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, nullptr, $6.node); }
+        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, WscParser::theNoNode, $6.node); }
   | "extern" "function" IDENTIFIER '(' ')' Block ';'
-        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, nullptr, $6.node); }
+        { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, WscParser::theNoNode, $6.node); }
   | "extern" "function" IDENTIFIER '(' FormalParameterList ')' Block
         { $$.node = theParser.function(theParser.node<WscAstExtern>(), $3.name, $5.node, $7.node); }
   | "extern" "function" IDENTIFIER '(' FormalParameterList ')' Block ';'
@@ -183,7 +182,7 @@ FunctionDeclaration:
 
 FormalParameterList:
     IDENTIFIER                              { $$.node = theParser.node<WscAstFormalParameterList>(theParser.identifier($1.name)); }
-  | FormalParameterList ',' IDENTIFIER      { $1.node->addChild(theParser.identifier($3.name)); $$ = $1; }
+  | FormalParameterList ',' IDENTIFIER      { theParser.addChild($1.node, theParser.identifier($3.name)); $$ = $1; }
   ;
 
 /* Statements */
@@ -208,7 +207,7 @@ Block:
 
 StatementList:
     Statement                   { $$.node = theParser.node<WscAstStatementList>($1.node); }
-  | StatementList Statement     { $1.node->addChild($2.node); $$ = $1; }
+  | StatementList Statement     { theParser.addChild($1.node, $2.node); $$ = $1; }
   ;
 
 VariableDeclarationList:
@@ -218,7 +217,7 @@ VariableDeclarationList:
 
 VariableDeclarations:
     VariableDeclaration ',' VariableDeclaration     { $$.node = theParser.node<WscAstStatementList>($1.node, $3.node); }
-  | VariableDeclarations ',' VariableDeclaration    { $1.node->addChild($3.node); $$ = $1; }
+  | VariableDeclarations ',' VariableDeclaration    { theParser.addChild($1.node, $3.node); $$ = $1; }
   ;
 
 VariableDeclaration:
@@ -237,27 +236,27 @@ WhileStatement:
 
 ForStatement:
     "for" '(' ';' ';' ')' Statement
-        { $$.node = theParser.forLoop(nullptr, nullptr, nullptr, $6.node); }
+        { $$.node = theParser.forLoop(WscParser::theNoNode, WscParser::theNoNode, WscParser::theNoNode, $6.node); }
   | "for" '(' ';' ';' Expression ')' Statement
-        { $$.node = theParser.forLoop(nullptr, nullptr, $5.node, $7.node); }
+        { $$.node = theParser.forLoop(WscParser::theNoNode, WscParser::theNoNode, $5.node, $7.node); }
   | "for" '(' ';' Expression ';' ')' Statement
-        { $$.node = theParser.forLoop(nullptr, $4.node, nullptr, $7.node); }
+        { $$.node = theParser.forLoop(WscParser::theNoNode, $4.node, WscParser::theNoNode, $7.node); }
   | "for" '(' ';' Expression ';' Expression ')' Statement
-        { $$.node = theParser.forLoop(nullptr, $4.node, $6.node, $8.node); }
+        { $$.node = theParser.forLoop(WscParser::theNoNode, $4.node, $6.node, $8.node); }
   | "for" '(' Expression ';' ';' ')' Statement
-        { $$.node = theParser.forLoop($3.node, nullptr, nullptr, $7.node); }
+        { $$.node = theParser.forLoop($3.node, WscParser::theNoNode, WscParser::theNoNode, $7.node); }
   | "for" '(' Expression ';' ';' Expression ')' Statement
-        { $$.node = theParser.forLoop($3.node, nullptr, $6.node, $8.node); }
+        { $$.node = theParser.forLoop($3.node, WscParser::theNoNode, $6.node, $8.node); }
   | "for" '(' Expression ';' Expression ';' ')' Statement
-        { $$.node = theParser.forLoop($3.node, $5.node, nullptr, $8.node); }
+        { $$.node = theParser.forLoop($3.node, $5.node, WscParser::theNoNode, $8.node); }
   | "for" '(' Expression ';' Expression ';' Expression ')' Statement
         { $$.node = theParser.forLoop($3.node, $5.node, $7.node, $9.node); }
   | "for" '(' "var" VariableDeclarationList ';' ';' ')' Statement
-        { $$.node = theParser.forLoop($4.node, nullptr, nullptr, $8.node); }
+        { $$.node = theParser.forLoop($4.node, WscParser::theNoNode, WscParser::theNoNode, $8.node); }
   | "for" '(' "var" VariableDeclarationList ';' ';' Expression ')' Statement
-        { $$.node = theParser.forLoop($4.node, nullptr, $7.node, $9.node); }
+        { $$.node = theParser.forLoop($4.node, WscParser::theNoNode, $7.node, $9.node); }
   | "for" '(' "var" VariableDeclarationList ';' Expression ';' ')' Statement
-        { $$.node = theParser.forLoop($4.node, $6.node, nullptr, $9.node); }
+        { $$.node = theParser.forLoop($4.node, $6.node, WscParser::theNoNode, $9.node); }
   | "for" '(' "var" VariableDeclarationList ';' Expression ';' Expression ')' Statement
         { $$.node = theParser.forLoop($4.node, $6.node, $8.node, $10.node); }
   ;
@@ -281,7 +280,7 @@ Expression:
 
 ExpressionList:
     AssignmentExpression ',' AssignmentExpression   { $$.node = theParser.node<WscAstExpressionList>($1.node, $3.node); }
-  | ExpressionList ',' AssignmentExpression         { $1.node->addChild($3.node); $$ = $1; }
+  | ExpressionList ',' AssignmentExpression         { theParser.addChild($1.node, $3.node); $$ = $1; }
   ;
 
 AssignmentExpression:
@@ -318,7 +317,7 @@ LogicalOr:
   ;
 LogicalOrSequence:
     LogicalAnd "||" LogicalAnd          { $$.node = theParser.node<WscAstOrExpressionSequence>($1.node, $3.node); }
-  | LogicalOrSequence "||" LogicalAnd   { $1.node->addChild($3.node); $$ = $1; }
+  | LogicalOrSequence "||" LogicalAnd   { theParser.addChild($1.node, $3.node); $$ = $1; }
   ;
 
 LogicalAnd:
@@ -327,7 +326,7 @@ LogicalAnd:
   ;
 LogicalAndSequence:
     BitOr "&&" BitOr                    { $$.node = theParser.node<WscAstAndExpressionSequence>($1.node, $3.node); }
-  | LogicalAndSequence "&&" BitOr       { $1.node->addChild($3.node); $$ = $1; }
+  | LogicalAndSequence "&&" BitOr       { theParser.addChild($1.node, $3.node); $$ = $1; }
   ;
 
 BitOr:
@@ -468,7 +467,7 @@ Arguments:
 
 ArgumentList:
     AssignmentExpression                    { $$.node = theParser.node<WscAstArgumentList>($1.node); }
-  | ArgumentList ',' AssignmentExpression   { $1.node->addChild($3.node); $$ = $1; }
+  | ArgumentList ',' AssignmentExpression   { theParser.addChild($1.node, $3.node); $$ = $1; }
   ;
 
 PrimaryExpression:

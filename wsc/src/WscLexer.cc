@@ -63,9 +63,10 @@ double parseFloat(std::string_view theText) noexcept {
 
 }  // namespace
 
-WscLexer::WscLexer(const CpsString& theSource)
+WscLexer::WscLexer(const CpsString& theSource, WscSourceTexts& theTexts)
     : cursorM(reinterpret_cast<const unsigned char*>(theSource.data())),
-      limitM(cursorM + theSource.length()) {
+      limitM(cursorM + theSource.length()),
+      textsM(theTexts) {
     theSource.c_str();  // the scanner wants a terminator
 }
 
@@ -100,13 +101,7 @@ CpsString WscLexer::getAsUtf8(std::uint32_t theValue) {
 }
 
 int WscLexer::identifier(std::string_view theText) {
-    int number = nameNumbersM.find(theText);
-    if (number < 0) {
-        number = static_cast<int>(namesM.size());
-        namesM.push_back({theText, static_cast<unsigned>(number)});
-        nameNumbersM.add(namesM.back().text, number);
-    }
-    tokenValueM.name = &namesM[static_cast<std::size_t>(number)];
+    tokenValueM.name = textsM.addName(theText);
     return WSC_IDENTIFIER;
 }
 
@@ -122,18 +117,21 @@ int WscLexer::floatLiteral(std::string_view theText) noexcept {
 
 bool WscLexer::scanString() {
     const unsigned char quote = cursorM[-1];
-    CpsString& string = stringsM.emplace_back();
-    for (;;) {
+    CpsString escaped;  // the text up to and with the last escape
+    for (bool hasEscape = false;; hasEscape = true) {
         const unsigned char* const end = std::find_if(cursorM, limitM, [&](unsigned char theByte) {
             return theByte == quote || theByte == '\\' || theByte == '\n';
         });
         take(end);
-        string += textM.substr(0, textM.find('\0'));  // what is behind a NUL does not count
+        std::string_view text = textM.substr(0, textM.find('\0'));  // behind a NUL nothing counts
         if (end == limitM) {
             return false;
         }
+        if (hasEscape || *end == '\\') {
+            escaped += text;
+        }
         if (*end == '\\') {
-            if (!scanEscape(string)) {
+            if (!scanEscape(escaped)) {
                 return false;
             }
             continue;
@@ -142,7 +140,7 @@ bool WscLexer::scanString() {
         if (*end == '\n') {
             LexerError("Error in lexical stage. Unterminated string literal: " + CpsString(textM));
         }
-        tokenValueM.text = &string;
+        tokenValueM.text = textsM.addString(hasEscape ? textsM.keep(escaped) : text);
         return true;
     }
 }

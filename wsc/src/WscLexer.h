@@ -4,12 +4,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string_view>
 
-#include "CpsNumberTable.h"
 #include "CpsString.h"
-#include "WscName.h"
+#include "WscSourceTexts.h"
 #include "WscTokenValue.h"
 
 namespace lumnis {
@@ -17,7 +15,8 @@ namespace lumnis {
 class WscLexer {
   public:
     // theSource is UTF-8; it is not converted, and bytes above 127 in strings pass as they are.
-    explicit WscLexer(const CpsString& theSource);
+    // Names and literals go into theTexts, most of them as views of the source.
+    WscLexer(const CpsString& theSource, WscSourceTexts& theTexts);
     WscLexer(const WscLexer&) = delete;
     WscLexer& operator=(const WscLexer&) = delete;
     ~WscLexer() = default;
@@ -70,10 +69,7 @@ class WscLexer {
     const unsigned char* cursorM;
     const unsigned char* limitM;
     std::string_view textM;
-    // What token values point to; addresses stay.
-    std::deque<CpsString> stringsM;
-    std::deque<WscName> namesM;  // by number
-    CpsNumberTable<std::string_view> nameNumbersM;
+    WscSourceTexts& textsM;
     int lineNumberM = 1;
     WscTokenValue tokenValueM{};
 };

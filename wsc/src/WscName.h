@@ -1,14 +1,17 @@
-// An identifier of the source. The lexer makes one for each distinct name and numbers them, so
-// that everything behind it looks names up by number.
+// An identifier of the source, one for each distinct text, and what it means where the compiler
+// stands.
 #pragma once
 
-#include "CpsString.h"
+#include <string_view>
 
 namespace lumnis {
 
 struct WscName {
-    CpsString text;
-    unsigned number;  // from 0, in order of first appearance
+    std::string_view text;
+    // -1 where the name means none.
+    int variable = -1;  // of the current function
+    int function = -1;
+    int urlConstant = -1;
 };
 
 }  // namespace lumnis

@@ -1,5 +1,6 @@
 #include "WscParser.h"
 
+#include <algorithm>
 #include <limits>
 
 #include "FwTraceScope.h"
@@ -9,6 +10,15 @@
 namespace lumnis {
 
 namespace {
+
+// The nodes that a source of theLength bytes gets room for at once; a large one may as well be
+// mostly comment. Dense source makes two nodes of three bytes. The rest is there because the C
+// library keeps twice the largest block that it has seen for the next call: with less than that it
+// would give memory back and take it again, with a fault for each page.
+std::size_t nodesAhead(std::size_t theLength) noexcept {
+    constexpr std::size_t theMostNodes = 32768;
+    return std::min(theLength / 8 * 7, theMostNodes);
+}
 
 // A double beyond the floats becomes infinity, as IEEE 754 rounds it; the language leaves the
 // plain conversion undefined.
@@ -26,7 +36,10 @@ float narrowed(double theValue) noexcept {
 
 }  // namespace
 
-WscParser::WscParser(const CpsString& theSource) : lexerM(theSource) {}
+WscParser::WscParser(const CpsString& theSource, WscSourceTexts& theTexts)
+    : lexerM(theSource, theTexts) {
+    nodesM.reserve(nodesAhead(theSource.length()));
+}
 
 WscParser::~WscParser() = default;
 
@@ -39,64 +52,69 @@ void WscParser::yyerror(const CpsString& theText) const {
     throw WscCompilerException(lexerM.getCurrentLineNumber(), theText);
 }
 
-WscAstLiteral* WscParser::literal(const CpsString* theString) {
-    auto* result = node<WscAstLiteral>();
-    result->setStringLiteralValue(theString);
-    return result;
+std::size_t WscParser::identifier(std::size_t theName) {
+    make<WscAstIdentifier>().setName(theName);
+    return last();
 }
 
-WscAstLiteral* WscParser::invalidLiteral() {
-    auto* result = node<WscAstLiteral>();
-    result->setInvalidValue();
-    return result;
+std::size_t WscParser::anOperator(std::int64_t theOperator) {
+    make<WscAstOperator>().setOperator(static_cast<int>(theOperator));
+    return last();
 }
 
-WscAstLiteral* WscParser::booleanLiteral(bool theValue) {
-    auto* result = node<WscAstLiteral>();
-    result->setBooleanValue(theValue);
-    return result;
+std::size_t WscParser::literal(std::size_t theText) {
+    make<WscAstLiteral>().setStringLiteralValue(theText);
+    return last();
 }
 
-WscAstLiteral* WscParser::integerLiteral(std::int64_t theValue) {
-    auto* result = node<WscAstLiteral>();
-    result->setDecimalValue(static_cast<std::int32_t>(theValue));
-    return result;
+std::size_t WscParser::invalidLiteral() {
+    make<WscAstLiteral>().setInvalidValue();
+    return last();
 }
 
-WscAstLiteral* WscParser::floatLiteral(double theValue) {
-    auto* result = node<WscAstLiteral>();
-    result->setFloatingPointValue(narrowed(theValue));
-    return result;
+std::size_t WscParser::booleanLiteral(bool theValue) {
+    make<WscAstLiteral>().setBooleanValue(theValue);
+    return last();
+}
+
+std::size_t WscParser::integerLiteral(std::int64_t theValue) {
+    make<WscAstLiteral>().setDecimalValue(static_cast<std::int32_t>(theValue));
+    return last();
+}
+
+std::size_t WscParser::floatLiteral(double theValue) {
+    make<WscAstLiteral>().setFloatingPointValue(narrowed(theValue));
+    return last();
 }
 
 std::int32_t WscParser::negated(std::int64_t theValue) noexcept {
     return static_cast<std::int32_t>(0u - static_cast<std::uint32_t>(theValue));
 }
 
-WscSimpleNode* WscParser::sequence(WscSimpleNode* theLeft, WscSimpleNode* theOperator,
-                                   WscSimpleNode* theRight) {
+std::size_t WscParser::sequence(std::size_t theLeft, std::size_t theOperator,
+                                std::size_t theRight) {
     return node<WscAstBinaryExpressionSequence>(theLeft, theOperator, theRight);
 }
 
-WscSimpleNode* WscParser::extend(WscSimpleNode* theSequence, WscSimpleNode* theOperator,
-                                 WscSimpleNode* theRight) {
-    theSequence->addChild(theOperator);
-    theSequence->addChild(theRight);
+std::size_t WscParser::extend(std::size_t theSequence, std::size_t theOperator,
+                              std::size_t theRight) {
+    addChild(theSequence, theOperator);
+    addChild(theSequence, theRight);
     return theSequence;
 }
 
-WscSimpleNode* WscParser::function(WscSimpleNode* theExtern, const WscName* theName,
-                                   WscSimpleNode* theParameters, WscSimpleNode* theBlock) {
-    if (theParameters == nullptr) {
+std::size_t WscParser::function(std::size_t theExtern, std::size_t theName,
+                                std::size_t theParameters, std::size_t theBlock) {
+    if (theParameters == theNoNode) {
         theParameters = node<WscAstFormalParameterList>();
     }
     return node<WscAstFunctionDeclaration>(theExtern, identifier(theName), theParameters, theBlock);
 }
 
-WscSimpleNode* WscParser::forLoop(WscSimpleNode* theInit, WscSimpleNode* theCondition,
-                                  WscSimpleNode* theIncrement, WscSimpleNode* theBody) {
-    const auto orEmpty = [this](WscSimpleNode* theNode) {
-        return theNode == nullptr ? empty() : theNode;
+std::size_t WscParser::forLoop(std::size_t theInit, std::size_t theCondition,
+                               std::size_t theIncrement, std::size_t theBody) {
+    const auto orEmpty = [this](std::size_t theNode) {
+        return theNode == theNoNode ? empty() : theNode;
     };
     return node<WscAstForStatement>(orEmpty(theInit), orEmpty(theCondition), orEmpty(theIncrement),
                                     theBody);

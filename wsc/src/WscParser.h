@@ -4,8 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <type_traits>
+#include <new>
 
+#include "CpsArray.h"
 #include "CpsString.h"
 #include "FwArena.h"
 #include "WscAstDeclarations.h"
@@ -13,78 +14,91 @@
 #include "WscAstPrimaries.h"
 #include "WscAstStatements.h"
 #include "WscLexer.h"
-#include "WscUnitReductions.h"
 
 namespace lumnis {
 
 class WscParser {
   public:
-    // theSource must outlive the parser.
-    explicit WscParser(const CpsString& theSource);
+    // A node that is missing.
+    static constexpr std::size_t theNoNode = static_cast<std::size_t>(-1);
+
+    // theSource and theTexts, which takes its names and literals, must outlive the parser.
+    WscParser(const CpsString& theSource, WscSourceTexts& theTexts);
     WscParser(const WscParser&) = delete;
     WscParser& operator=(const WscParser&) = delete;
     virtual ~WscParser();
 
     // Null until the unit is complete. The tree lives as long as the parser.
-    const WscAstCompilationUnit* getAstRootNode() const noexcept { return rootM; }
+    const WscSimpleNode* getAstRootNode() const noexcept {
+        return rootM == theNoNode ? nullptr : &nodesM[rootM];
+    }
 
     // Parses the whole source. Returns 0; every fault is thrown as WscCompilerException.
     int yyparse();
     // Ends the parse with theText and the lexer's line.
     [[noreturn]] void yyerror(const CpsString& theText) const;
 
-    // For the grammar's rules.
+    // For the grammar's rules. A node is named by its number until the tree is complete: the array
+    // of the nodes moves when it grows.
 
     int nextToken(WscTokenValue& theValue) { return lexerM.yylex(theValue); }
     // A node on the lexer's line, with its children in order.
     template <class Node, class... Children>
-    Node* node(Children*... theChildren) {
-        static_assert(std::is_trivially_destructible_v<Node>);
-        auto* result = nodesM.make<Node>(Node::theNodeType, lexerM.getCurrentLineNumber());
-        (result->addChild(theChildren), ...);
+    std::size_t node(Children... theChildren) {
+        const std::size_t result = nodesM.size();
+        make<Node>();
+        if constexpr (sizeof...(theChildren) != 0) {
+            nodesM[result].setChildren(nodesM[theChildren]...);
+        }
         return result;
     }
-    WscAstIdentifier* identifier(const WscName* theName) {
-        auto* result = node<WscAstIdentifier>();
-        result->setName(theName);
-        return result;
+    void addChild(std::size_t theParent, std::size_t theChild) noexcept {
+        nodesM[theParent].addChild(nodesM[theChild]);
     }
-    WscAstOperator* anOperator(std::int64_t theOperator) {
-        auto* result = node<WscAstOperator>();
-        result->setOperator(static_cast<int>(theOperator));
-        return result;
-    }
-    WscAstLiteral* literal(const CpsString* theString);
-    WscAstLiteral* invalidLiteral();
-    WscAstLiteral* booleanLiteral(bool theValue);
-    WscAstLiteral* integerLiteral(std::int64_t theValue);
+    // theName: number of a name, or of a text for a string.
+    std::size_t identifier(std::size_t theName);
+    std::size_t anOperator(std::int64_t theOperator);
+    std::size_t literal(std::size_t theText);
+    std::size_t invalidLiteral();
+    std::size_t booleanLiteral(bool theValue);
+    std::size_t integerLiteral(std::int64_t theValue);
     // Narrowed to single precision.
-    WscAstLiteral* floatLiteral(double theValue);
+    std::size_t floatLiteral(double theValue);
     // Of 32 bits: the smallest number is its own negation.
     static std::int32_t negated(std::int64_t theValue) noexcept;
     // Optional parts that are missing.
-    WscSimpleNode* empty() { return node<WscAstEmpty>(); }
+    std::size_t empty() { return node<WscAstEmpty>(); }
     // A sequence of one level of operators, begun and made longer.
-    WscSimpleNode* sequence(WscSimpleNode* theLeft, WscSimpleNode* theOperator,
-                            WscSimpleNode* theRight);
-    WscSimpleNode* extend(WscSimpleNode* theSequence, WscSimpleNode* theOperator,
-                          WscSimpleNode* theRight);
-    // theParameters is null for none.
-    WscSimpleNode* function(WscSimpleNode* theExtern, const WscName* theName,
-                            WscSimpleNode* theParameters, WscSimpleNode* theBlock);
-    // Null for each of the first three that is missing.
-    WscSimpleNode* forLoop(WscSimpleNode* theInit, WscSimpleNode* theCondition,
-                           WscSimpleNode* theIncrement, WscSimpleNode* theBody);
-    void setRoot(WscAstCompilationUnit* theRoot) noexcept { rootM = theRoot; }
-    UnitReductionMemo& unitReductions() noexcept { return unitReductionsM; }
+    std::size_t sequence(std::size_t theLeft, std::size_t theOperator, std::size_t theRight);
+    std::size_t extend(std::size_t theSequence, std::size_t theOperator, std::size_t theRight);
+    // theParameters is theNoNode for none.
+    std::size_t function(std::size_t theExtern, std::size_t theName, std::size_t theParameters,
+                         std::size_t theBlock);
+    // theNoNode for each of the first three that is missing.
+    std::size_t forLoop(std::size_t theInit, std::size_t theCondition, std::size_t theIncrement,
+                        std::size_t theBody);
+    void setRoot(std::size_t theRoot) noexcept { rootM = theRoot; }
     // The generated parser's stack once it has grown: it must go when an exception passes.
-    void* allocateStack(std::size_t theSize) { return nodesM.allocate(theSize); }
+    void* allocateStack(std::size_t theSize) { return stackM.allocate(theSize); }
 
   private:
-    const WscAstCompilationUnit* rootM = nullptr;
+    // What the distances between nodes can tell apart; 32 GiB.
+    static constexpr std::size_t theMostNodes = std::size_t{1} << 31;
+
+    template <class Node>
+    Node& make() {
+        if (nodesM.size() == theMostNodes) {
+            throw std::bad_alloc();
+        }
+        return nodesM.appendAs<Node>(Node::theNodeType, lexerM.getCurrentLineNumber());
+    }
+    // The number of the node made last.
+    std::size_t last() const noexcept { return nodesM.size() - 1; }
+
     WscLexer lexerM;
-    FwArena nodesM;
-    UnitReductionMemo unitReductionsM;
+    CpsArray<WscSimpleNode, 64> nodesM;
+    std::size_t rootM = theNoNode;
+    FwArena stackM;
 };
 
 }  // namespace lumnis

@@ -8,6 +8,8 @@
 #pragma once
 
 #include <array>
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
 
 namespace lumnis {
@@ -36,29 +38,39 @@ UnitReductionTables(const Pact*, const Defact*, const Pgoto*, const Defgoto*, co
                     const Check*, const R1*, const R2*, const Translate*, int, int, int)
     -> UnitReductionTables<Pact, Defact, Pgoto, Defgoto, Table, Check, R1, R2, Translate>;
 
-// The climbs of one parse that have been made already: a script has few that differ.
+// The climbs that have been made already: scripts have few that differ. All parses of the process
+// share one memory, since the tables are the same for all: an entry is written and read as a whole,
+// and whoever writes it writes the same.
 class UnitReductionMemo {
   public:
     // States and symbols are below 1024.
     static constexpr int theLimit = 1024;
 
-    // The place for the climb that begins at theState above theStateBelow; theSymbol is the
-    // look-ahead, negative for none.
-    struct Entry {
-        std::uint32_t key = 0;
-        int state = 0;
-    };
+    // Names the climb that begins at theState above theStateBelow; theSymbol is the look-ahead,
+    // negative for none. Never 0.
     static std::uint32_t keyOf(int theState, int theStateBelow, int theSymbol) noexcept {
         return static_cast<std::uint32_t>(theState) << 21 |
                static_cast<std::uint32_t>(theStateBelow) << 11 |
                static_cast<std::uint32_t>(theSymbol + 1);
     }
-    Entry& entryFor(std::uint32_t theKey) noexcept {
-        return entriesM[(theKey * 0x9E3779B1u) >> 23];
+    // The state in which the climb ends, or -1 when it is not known.
+    int find(std::uint32_t theKey) const noexcept {
+        const std::uint64_t entry = entriesM[placeOf(theKey)].load(std::memory_order_relaxed);
+        return entry >> 32 == theKey ? static_cast<int>(entry & 0xFFFFFFFF) : -1;
+    }
+    // In the place of another one that may be there.
+    void add(std::uint32_t theKey, int theState) noexcept {
+        entriesM[placeOf(theKey)].store(
+            std::uint64_t{theKey} << 32 | static_cast<std::uint32_t>(theState),
+            std::memory_order_relaxed);
     }
 
   private:
-    std::array<Entry, 512> entriesM;
+    static std::size_t placeOf(std::uint32_t theKey) noexcept {
+        return (theKey * 0x9E3779B1u) >> 23;
+    }
+
+    std::array<std::atomic<std::uint64_t>, 512> entriesM{};
 };
 
 // For each state the rule by which it reduces when nothing else is to be done, if that one only
@@ -100,9 +112,8 @@ inline int passUnits(int theState, int theStateBelow, int theToken, const Tables
         return theState;
     }
     const std::uint32_t key = UnitReductionMemo::keyOf(theState, theStateBelow, lookAhead);
-    UnitReductionMemo::Entry& entry = theMemo.entryFor(key);
-    if (entry.key == key) {
-        return entry.state;
+    if (const int known = theMemo.find(key); known >= 0) {
+        return known;
     }
     for (; rule != 0; rule = passedRule(theState)) {
         const int nonterminal = theTables.r1[rule] - theTables.tokens;
@@ -111,7 +122,7 @@ inline int passUnits(int theState, int theStateBelow, int theToken, const Tables
                        ? theTables.table[index]
                        : theTables.defgoto[nonterminal];
     }
-    entry = {key, theState};
+    theMemo.add(key, theState);
     return theState;
 }
 

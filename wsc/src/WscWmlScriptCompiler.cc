@@ -76,14 +76,14 @@ int WscWmlScriptCompiler::compile(const CpsString* theSource) {
 }
 
 void WscWmlScriptCompiler::run(const CpsString& theSource) {
-    parserM = std::make_unique<WscParser>(theSource);
+    parserM = std::make_unique<WscParser>(theSource, compilerDataM->getTexts());
     parserM->yyparse();
     rootM = parserM->getAstRootNode();
     rootM->runSemanticAction(*compilerDataM);
     if (parseTreeStreamM != nullptr) {
         *parseTreeStreamM << "Dump using dump() routine of nodes\n"
                           << "----------------------------------\n";
-        rootM->dump(CpsString(), *parseTreeStreamM, *consoleStreamM);
+        rootM->dump(CpsString(), compilerDataM->getTexts(), *parseTreeStreamM, *consoleStreamM);
     }
 }
 

@@ -19,9 +19,10 @@ constexpr unsigned theMaxVariables = 256;
 // What the two bytes of a constant's index can name.
 constexpr unsigned theMaxConstants = 65535;
 
-CpsString schemeOf(const WscSimpleNode& thePragma) {
+// Empty when the pragma has none.
+std::string_view schemeOf(WscCompilerData& theData, const WscSimpleNode& thePragma) {
     const WscSimpleNode* scheme = thePragma.getChild(2);
-    return scheme->isA(WscNodeType::Empty) ? CpsString() : stringOf(scheme);
+    return scheme->isA(WscNodeType::Empty) ? std::string_view() : stringOf(theData, scheme);
 }
 
 }  // namespace
@@ -52,17 +53,18 @@ const WscSimpleNode* WscAstFunctionDeclarations::semanticAction(WscCompilerData&
 
 void WscAstFunctionDeclaration::addFunctionInfo(WscCompilerData& theData) const {
     const bool isExported = getChild(0)->isA(WscNodeType::Extern);
-    const WscName& name = nameOf(getChild(1));
+    WscName& name = nameOf(theData, getChild(1));
     const unsigned parameters = getChild(2)->getNumChildren();
-    if (isExported && name.text.length() > theMaxFunctionNameLength) {
-        fail("Semantic error: External function name \"" + name.text + "\" too long (>255)");
+    if (isExported && name.text.size() > theMaxFunctionNameLength) {
+        fail("Semantic error: External function name \"" + CpsString(name.text) +
+             "\" too long (>255)");
     }
     if (parameters > theMaxParameters) {
-        fail("Semantic error: Number of formal parameters in function \"" + name.text +
+        fail("Semantic error: Number of formal parameters in function \"" + CpsString(name.text) +
              "\" too many (>255)");
     }
     if (theData.addFunction(name, static_cast<std::uint8_t>(parameters), isExported) < 0) {
-        fail("Semantic error: Function \"" + name.text + "\" multiply defined");
+        fail("Semantic error: Function \"" + CpsString(name.text) + "\" multiply defined");
     }
     if (theData.getNoOfFunctions() > theMaxFunctions) {
         fail("Semantic Error: Number of functions too many (>255)");
@@ -71,14 +73,15 @@ void WscAstFunctionDeclaration::addFunctionInfo(WscCompilerData& theData) const 
 
 const WscSimpleNode* WscAstFunctionDeclaration::semanticAction(WscCompilerData& theData,
                                                                WscActionFrame& theFrame) const {
-    const WscName& name = nameOf(getChild(1));
+    WscName& name = nameOf(theData, getChild(1));
     const WscSimpleNode* parameters = getChild(2);
     if (theFrame.step == 0) {
         theData.startFunctionCode();
         for (const WscSimpleNode* parameter = parameters->getFirstChild(); parameter != nullptr;
              parameter = parameters->getNextChild(parameter)) {
-            if (theData.addVariable(nameOf(parameter)) < 0) {
-                fail("Semantic Error: Function parameter \"" + nameOf(parameter).text +
+            WscName& variable = nameOf(theData, parameter);
+            if (theData.addVariable(variable) < 0) {
+                fail("Semantic Error: Function parameter \"" + CpsString(variable.text) +
                      "\" has already been defined");
             }
         }
@@ -86,15 +89,15 @@ const WscSimpleNode* WscAstFunctionDeclaration::semanticAction(WscCompilerData& 
     }
     theData.generate(WscOpcode::ReturnEs);
     if (theData.getNoOfVariables() - parameters->getNumChildren() > theMaxLocalVariables) {
-        fail("Semantic Error: Number of variables in function \"" + name.text +
+        fail("Semantic Error: Number of variables in function \"" + CpsString(name.text) +
              "\" too many (>255)");
     }
     if (theData.getNoOfVariables() > theMaxVariables) {
-        fail("SemanticError: Number of variables & formal parameters in function \"" + name.text +
-             "\" too many (>256)");
+        fail("SemanticError: Number of variables & formal parameters in function \"" +
+             CpsString(name.text) + "\" too many (>256)");
     }
     if (theData.stopFunctionCode(name, theData.getNoOfVariables()) < 0) {
-        fail("Semantic Error: Unable to generate code for function \"" + name.text +
+        fail("Semantic Error: Unable to generate code for function \"" + CpsString(name.text) +
              "\", too long jump range (>65535)");
     }
     return nullptr;
@@ -102,18 +105,18 @@ const WscSimpleNode* WscAstFunctionDeclaration::semanticAction(WscCompilerData& 
 
 const WscSimpleNode* WscAstExternalCompilationUnitPragma::semanticAction(WscCompilerData& theData,
                                                                          WscActionFrame&) const {
-    const WscName& name = nameOf(getChild(0));
-    if (!theData.addPragmaURL(name, stringOf(getChild(1)))) {
-        fail("Semantic error: URL identifier \"" + name.text + "\" multiply defined");
+    WscName& name = nameOf(theData, getChild(0));
+    if (!theData.addPragmaURL(name, stringOf(theData, getChild(1)))) {
+        fail("Semantic error: URL identifier \"" + CpsString(name.text) + "\" multiply defined");
     }
     return nullptr;
 }
 
 const WscSimpleNode* WscAstAccessControlDomain::semanticAction(WscCompilerData& theData,
                                                                WscActionFrame&) const {
-    const CpsString& domain = stringOf(getChild(0));
+    const std::string_view domain = stringOf(theData, getChild(0));
     if (theData.hasPragmaAccessDomain()) {
-        fail("Semantic Error: Domain \"" + domain + "\" access control already defined");
+        fail("Semantic Error: Domain \"" + CpsString(domain) + "\" access control already defined");
     }
     theData.addPragmaAccessDomain(domain);
     return nullptr;
@@ -121,9 +124,9 @@ const WscSimpleNode* WscAstAccessControlDomain::semanticAction(WscCompilerData& 
 
 const WscSimpleNode* WscAstAccessControlPath::semanticAction(WscCompilerData& theData,
                                                              WscActionFrame&) const {
-    const CpsString& path = stringOf(getChild(0));
+    const std::string_view path = stringOf(theData, getChild(0));
     if (theData.hasPragmaAccessPath()) {
-        fail("Semantic error: path \"" + path + "\" access control already defined");
+        fail("Semantic error: path \"" + CpsString(path) + "\" access control already defined");
     }
     theData.addPragmaAccessPath(path);
     return nullptr;
@@ -131,29 +134,33 @@ const WscSimpleNode* WscAstAccessControlPath::semanticAction(WscCompilerData& th
 
 const WscSimpleNode* WscAstAccessControlDomainPath::semanticAction(WscCompilerData& theData,
                                                                    WscActionFrame&) const {
-    const CpsString& domain = stringOf(getChild(0));
+    const std::string_view domain = stringOf(theData, getChild(0));
     if (theData.hasPragmaAccessDomain() || theData.hasPragmaAccessPath()) {
-        fail("Semantic Error: Domain or path\"" + domain + "\" access control already defined");
+        fail("Semantic Error: Domain or path\"" + CpsString(domain) +
+             "\" access control already defined");
     }
-    theData.addPragmaAccessDomainPath(domain, stringOf(getChild(1)));
+    theData.addPragmaAccessDomainPath(domain, stringOf(theData, getChild(1)));
     return nullptr;
 }
 
 const WscSimpleNode* WscAstMetaName::semanticAction(WscCompilerData& theData,
                                                     WscActionFrame&) const {
-    theData.addPragmaMetaName(stringOf(getChild(0)), stringOf(getChild(1)), schemeOf(*this));
+    theData.addPragmaMetaName(stringOf(theData, getChild(0)), stringOf(theData, getChild(1)),
+                              schemeOf(theData, *this));
     return nullptr;
 }
 
 const WscSimpleNode* WscAstMetaHttpEquiv::semanticAction(WscCompilerData& theData,
                                                          WscActionFrame&) const {
-    theData.addPragmaMetaHttp(stringOf(getChild(0)), stringOf(getChild(1)), schemeOf(*this));
+    theData.addPragmaMetaHttp(stringOf(theData, getChild(0)), stringOf(theData, getChild(1)),
+                              schemeOf(theData, *this));
     return nullptr;
 }
 
 const WscSimpleNode* WscAstMetaUserAgent::semanticAction(WscCompilerData& theData,
                                                          WscActionFrame&) const {
-    theData.addPragmaMetaUserAgent(stringOf(getChild(0)), stringOf(getChild(1)), schemeOf(*this));
+    theData.addPragmaMetaUserAgent(stringOf(theData, getChild(0)), stringOf(theData, getChild(1)),
+                                   schemeOf(theData, *this));
     return nullptr;
 }
 

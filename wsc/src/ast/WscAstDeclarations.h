@@ -11,15 +11,14 @@ class WscAstCompilationUnit final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::CompilationUnit;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 class WscAstPragmas final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Pragmas;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const override {
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const {
         return nextChild(theFrame);
     }
 };
@@ -29,8 +28,7 @@ class WscAstFunctionDeclarations final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::FunctionDeclarations;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Extern or Empty, identifier, parameters, block.
@@ -40,17 +38,14 @@ class WscAstFunctionDeclaration final : public WscSimpleNode {
     using WscSimpleNode::WscSimpleNode;
     // The first pass: gives the function its number.
     void addFunctionInfo(WscCompilerData& theData) const;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 class WscAstFormalParameterList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::FormalParameterList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const override {
-        return nullptr;
-    }
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const { return nullptr; }
 };
 
 // use url: name, URL.
@@ -58,8 +53,7 @@ class WscAstExternalCompilationUnitPragma final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ExternalCompilationUnitPragma;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // use access domain.
@@ -67,8 +61,7 @@ class WscAstAccessControlDomain final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AccessControlDomain;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // use access path.
@@ -76,8 +69,7 @@ class WscAstAccessControlPath final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AccessControlPath;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // use access domain path: domain, path.
@@ -85,8 +77,7 @@ class WscAstAccessControlDomainPath final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AccessControlDomainPath;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // use meta name: property, content, scheme or Empty; so the next two.
@@ -94,8 +85,7 @@ class WscAstMetaName final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::MetaName;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // use meta http equiv.
@@ -103,8 +93,7 @@ class WscAstMetaHttpEquiv final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::MetaHttpEquiv;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // use meta user agent. The only meta pragma that reaches the file.
@@ -112,8 +101,7 @@ class WscAstMetaUserAgent final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::MetaUserAgent;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 }  // namespace lumnis

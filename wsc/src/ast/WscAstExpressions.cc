@@ -139,10 +139,10 @@ const WscSimpleNode* WscAstAssignmentExpression::semanticAction(WscCompilerData&
     const int assignment = operatorOf(getChild(1));
     std::int32_t& variable = theFrame.first;
     if (theFrame.step == 0) {
-        const WscName& name = nameOf(getChild(0));
+        const WscName& name = nameOf(theData, getChild(0));
         variable = theData.searchVariable(name);
         if (variable < 0) {
-            fail("Semantic Error: Variable \"" + name.text + "\" not found");
+            fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
         }
         if (!isPlainAssignment(assignment)) {
             theData.generateLoadVar(variable);
@@ -170,10 +170,10 @@ const WscSimpleNode* WscAstAssignmentExpression::semanticAction(WscCompilerData&
 
 const WscSimpleNode* WscAstPostfixExpression::semanticAction(WscCompilerData& theData,
                                                              WscActionFrame&) const {
-    const WscName& name = nameOf(getChild(0));
+    const WscName& name = nameOf(theData, getChild(0));
     const int variable = theData.searchVariable(name);
     if (variable < 0) {
-        fail("Semantic Error: Variable \"" + name.text + "\" not found");
+        fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
     }
     theData.generateLoadVar(variable);
     if (operatorOf(getChild(1)) == WSC_INCREMENT) {
@@ -188,10 +188,10 @@ const WscSimpleNode* WscAstUnaryExpression::semanticAction(WscCompilerData& theD
                                                            WscActionFrame& theFrame) const {
     const int anOperator = operatorOf(getChild(0));
     if (anOperator == WSC_INCREMENT || anOperator == WSC_DECREMENT) {
-        const WscName& name = nameOf(getChild(1));
+        const WscName& name = nameOf(theData, getChild(1));
         const int variable = theData.searchVariable(name);
         if (variable < 0) {
-            fail("Semantic Error: Variable \"" + name.text + "\" not found");
+            fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
         }
         if (anOperator == WSC_INCREMENT) {
             theData.generateIncrVar(variable);
@@ -238,14 +238,15 @@ const WscSimpleNode* WscAstLocalScriptFunctionCall::semanticAction(WscCompilerDa
         theData.generateLocalCall(function);
         return nullptr;
     }
-    const WscName& name = nameOf(getChild(0));
+    const WscName& name = nameOf(theData, getChild(0));
     function = theData.searchFunctionNo(name);
     if (function < 0) {
-        fail("Semantic Error: Function \"" + name.text + "\" not found");
+        fail("Semantic Error: Function \"" + CpsString(name.text) + "\" not found");
     }
     const WscSimpleNode* arguments = getChild(1);
     if (static_cast<unsigned>(theData.searchFunctionArgs(name)) != arguments->getNumChildren()) {
-        fail("Semantic Error: Wrong number of arguments in call of function \"" + name.text + "\"");
+        fail("Semantic Error: Wrong number of arguments in call of function \"" +
+             CpsString(name.text) + "\"");
     }
     return arguments;
 }
@@ -254,19 +255,20 @@ const WscSimpleNode* WscAstExternalScriptFunctionCall::semanticAction(
     WscCompilerData& theData, WscActionFrame& theFrame) const {
     std::int32_t& url = theFrame.first;
     std::int32_t& functionName = theFrame.second;
-    const WscName& name = nameOf(getChild(1));
+    const WscName& name = nameOf(theData, getChild(1));
     const WscSimpleNode* arguments = getChild(2);
     if (theFrame.step == 0) {
-        const WscName& unit = nameOf(getChild(0));
+        const WscName& unit = nameOf(theData, getChild(0));
         url = theData.searchUrlConst(unit);
         if (url < 0) {
-            fail("URL reference \"" + unit.text + "\" not found");
+            fail("URL reference \"" + CpsString(unit.text) + "\" not found");
         }
         functionName = theData.addUtf8Const(name.text);
         return arguments;
     }
     if (arguments->getNumChildren() > 255) {
-        fail("Semantic Error: Too many arguments in call of function \"" + name.text + "\" (>255)");
+        fail("Semantic Error: Too many arguments in call of function \"" + CpsString(name.text) +
+             "\" (>255)");
     }
     theData.generateExternalCall(url, functionName, arguments->getNumChildren());
     return nullptr;
@@ -278,7 +280,8 @@ const WscSimpleNode* WscAstLibraryFunctionCall::semanticAction(WscCompilerData& 
     if (theFrame.step == 0) {
         return arguments;
     }
-    if (!theData.generateLibraryCall(nameOf(getChild(0)).text, nameOf(getChild(1)).text,
+    if (!theData.generateLibraryCall(nameOf(theData, getChild(0)).text,
+                                     nameOf(theData, getChild(1)).text,
                                      arguments->getNumChildren())) {
         fail("Semantic Error: Library or function not found");
     }

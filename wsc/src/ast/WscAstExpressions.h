@@ -10,8 +10,7 @@ class WscAstExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Expression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // The comma: all children are worked out, the last one's value stays.
@@ -19,8 +18,7 @@ class WscAstExpressionList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ExpressionList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Operand, operator, operand and so on, all of one level of precedence.
@@ -28,8 +26,7 @@ class WscAstBinaryExpressionSequence final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::BinaryExpressionSequence;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Operands of &&, without operator nodes.
@@ -37,8 +34,7 @@ class WscAstAndExpressionSequence final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AndExpressionSequence;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Operands of ||, without operator nodes.
@@ -46,8 +42,7 @@ class WscAstOrExpressionSequence final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::OrExpressionSequence;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Condition, value if true, value if not.
@@ -55,8 +50,7 @@ class WscAstConditionalExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ConditionalExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Identifier, operator, value.
@@ -64,8 +58,7 @@ class WscAstAssignmentExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::AssignmentExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Operator, operand.
@@ -73,8 +66,7 @@ class WscAstUnaryExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::UnaryExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Identifier, ++ or --.
@@ -82,8 +74,7 @@ class WscAstPostfixExpression final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::PostfixExpression;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Identifier, arguments: a function of this unit.
@@ -91,8 +82,7 @@ class WscAstLocalScriptFunctionCall final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::LocalScriptFunctionCall;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Name of a unit, identifier, arguments: a function of another unit.
@@ -100,8 +90,7 @@ class WscAstExternalScriptFunctionCall final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ExternalScriptFunctionCall;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Name of a library, identifier, arguments.
@@ -109,8 +98,7 @@ class WscAstLibraryFunctionCall final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::LibraryFunctionCall;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // The arguments of a call, pushed from the first to the last.
@@ -118,7 +106,7 @@ class WscAstArgumentList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ArgumentList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const override {
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const {
         return nextChild(theFrame);
     }
 };

@@ -1,69 +1,64 @@
 #include "WscAstPrimaries.h"
 
+#include <bit>
 #include <charconv>
 #include <string>
 
-#include "WscCompilerData.h"
-
 namespace lumnis {
 
-void WscAstLiteral::setBooleanValue(bool theValue) noexcept {
-    literalKindM = Kind::Boolean;
-    booleanValueM = theValue;
-}
-
 void WscAstLiteral::setDecimalValue(std::int32_t theValue) noexcept {
-    literalKindM = Kind::Integer;
-    decimalValueM = theValue;
+    set(Kind::Integer, static_cast<std::uint32_t>(theValue));
 }
 
 void WscAstLiteral::setFloatingPointValue(float theValue) noexcept {
-    literalKindM = Kind::Float;
-    floatingPointValueM = theValue;
+    set(Kind::Float, std::bit_cast<std::uint32_t>(theValue));
 }
 
-void WscAstLiteral::setStringLiteralValue(const CpsString* theValue) noexcept {
-    literalKindM = Kind::String;
-    stringLiteralValueM = theValue;
+float WscAstLiteral::getFloatingPointValue() const noexcept {
+    return std::bit_cast<float>(getValue());
+}
+
+void WscAstLiteral::setStringLiteralValue(std::size_t theNumber) noexcept {
+    set(Kind::String, static_cast<std::uint32_t>(theNumber));
 }
 
 const WscSimpleNode* WscAstLiteral::semanticAction(WscCompilerData& theData,
                                                    WscActionFrame&) const {
-    switch (literalKindM) {
+    switch (getKind()) {
         case Kind::Invalid:
             theData.generateInvalid();
             break;
         case Kind::Boolean:
-            theData.generateBoolean(booleanValueM);
+            theData.generateBoolean(getValue() != 0);
             break;
         case Kind::Float:
-            theData.generateFloat(floatingPointValueM);
+            theData.generateFloat(getFloatingPointValue());
             break;
         case Kind::Integer:
-            theData.generateInteger(decimalValueM);
+            theData.generateInteger(getDecimalValue());
             break;
         case Kind::String:
-            theData.generateString(*stringLiteralValueM);
+            theData.generateString(stringOf(theData, this));
             break;
     }
     return nullptr;
 }
 
-CpsString WscAstLiteral::getDumpText() const {
-    switch (literalKindM) {
+CpsString WscAstLiteral::getDumpText(const WscSourceTexts& theTexts) const {
+    switch (getKind()) {
         case Kind::Boolean:
-            return booleanValueM ? " BOOLEAN:1" : " BOOLEAN:0";
+            return getValue() != 0 ? " BOOLEAN:1" : " BOOLEAN:0";
         case Kind::Float: {
             // Six digits, as a stream prints a float, in every locale.
             char text[32];
-            const auto end = std::to_chars(text, text + sizeof text, floatingPointValueM,
+            const auto end = std::to_chars(text, text + sizeof text, getFloatingPointValue(),
                                            std::chars_format::general, 6);
             return " FLOAT:" + CpsString(std::string_view(text, end.ptr));
         }
         case Kind::Integer:
-            return " INTEGER:" + CpsString(std::to_string(decimalValueM));
+            return " INTEGER:" + CpsString(std::to_string(getDecimalValue()));
         case Kind::String:
-            return " STRING:" + *stringLiteralValueM;
+            return " STRING:" + CpsString(theTexts.getString(getStringLiteralValue()));
         case Kind::Invalid:
             break;
     }
@@ -72,12 +67,17 @@ CpsString WscAstLiteral::getDumpText() const {
 
 const WscSimpleNode* WscAstIdentifier::semanticAction(WscCompilerData& theData,
                                                       WscActionFrame&) const {
-    const int variable = theData.searchVariable(*nameM);
+    const WscName& name = nameOf(theData, this);
+    const int variable = theData.searchVariable(name);
     if (variable < 0) {
-        fail("Semantic Error: Variable \"" + nameM->text + "\" not found");
+        fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
     }
     theData.generateLoadVar(variable);
     return nullptr;
+}
+
+CpsString WscAstIdentifier::getDumpText(const WscSourceTexts& theTexts) const {
+    return " IDENTIFIER:" + CpsString(theTexts.getName(getName()).text);
 }
 
 const WscSimpleNode* WscAstOperator::semanticAction(WscCompilerData&, WscActionFrame&) const {

@@ -2,8 +2,11 @@
 // is missing.
 #pragma once
 
-#include "WscName.h"
+#include <string_view>
+
+#include "WscCompilerData.h"
 #include "WscSimpleNode.h"
+#include "WscSourceTexts.h"
 
 namespace lumnis {
 
@@ -12,33 +15,28 @@ class WscAstLiteral final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::Literal;
     using WscSimpleNode::WscSimpleNode;
 
-    void setInvalidValue() noexcept { literalKindM = Kind::Invalid; }
-    void setBooleanValue(bool theValue) noexcept;
+    void setInvalidValue() noexcept { set(Kind::Invalid, 0); }
+    void setBooleanValue(bool theValue) noexcept { set(Kind::Boolean, theValue ? 1 : 0); }
     void setDecimalValue(std::int32_t theValue) noexcept;
     void setFloatingPointValue(float theValue) noexcept;
-    // theValue belongs to the lexer and must outlive the node.
-    void setStringLiteralValue(const CpsString* theValue) noexcept;
-    // Null when the literal is no string.
-    const CpsString* getStringLiteralValue() const noexcept {
-        return literalKindM == Kind::String ? stringLiteralValueM : nullptr;
-    }
+    // theNumber: of the text in WscSourceTexts.
+    void setStringLiteralValue(std::size_t theNumber) noexcept;
+    // The text's number; of a string alone.
+    std::size_t getStringLiteralValue() const noexcept { return getValue(); }
 
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
+    CpsString getDumpText(const WscSourceTexts& theTexts) const;
 
   private:
     enum class Kind : std::uint8_t { Invalid, Boolean, Float, Integer, String };
 
-    CpsString getDumpText() const override;
-
-    Kind literalKindM = Kind::Invalid;
-    // By kind.
-    union {
-        bool booleanValueM;
-        std::int32_t decimalValueM;
-        float floatingPointValueM;
-        const CpsString* stringLiteralValueM = nullptr;
-    };
+    void set(Kind theKind, std::uint32_t theValue) noexcept {
+        kindM = static_cast<std::uint8_t>(theKind);
+        setValue(theValue);
+    }
+    Kind getKind() const noexcept { return static_cast<Kind>(kindM); }
+    std::int32_t getDecimalValue() const noexcept { return static_cast<std::int32_t>(getValue()); }
+    float getFloatingPointValue() const noexcept;
 };
 
 class WscAstIdentifier final : public WscSimpleNode {
@@ -46,17 +44,14 @@ class WscAstIdentifier final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::Identifier;
     using WscSimpleNode::WscSimpleNode;
 
-    // theName belongs to the lexer and must outlive the node.
-    void setName(const WscName* theName) noexcept { nameM = theName; }
-    const WscName& getName() const noexcept { return *nameM; }
+    // theNumber: of the name in WscSourceTexts.
+    void setName(std::size_t theNumber) noexcept {
+        setValue(static_cast<std::uint32_t>(theNumber));
+    }
+    std::size_t getName() const noexcept { return getValue(); }
 
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
-
-  private:
-    CpsString getDumpText() const override { return " IDENTIFIER:" + nameM->text; }
-
-    const WscName* nameM = nullptr;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
+    CpsString getDumpText(const WscSourceTexts& theTexts) const;
 };
 
 // An operator between, in front of or behind operands, which read it: it has no action.
@@ -67,15 +62,11 @@ class WscAstOperator final : public WscSimpleNode {
 
     // The token's number: a character code or one of wsctokentype.
     void setOperator(int theOperator) noexcept {
-        operatorM = static_cast<std::uint16_t>(theOperator);
+        setValue(static_cast<std::uint32_t>(theOperator));
     }
-    int getOperator() const noexcept { return operatorM; }
+    int getOperator() const noexcept { return static_cast<int>(getValue()); }
 
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
-
-  private:
-    std::uint16_t operatorM = 0;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Stands for every optional part that is missing, and for the empty statement.
@@ -84,9 +75,7 @@ class WscAstEmpty final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::Empty;
     using WscSimpleNode::WscSimpleNode;
 
-    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const override {
-        return nullptr;
-    }
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const { return nullptr; }
 };
 
 // The mark of a function that other units may call.
@@ -95,20 +84,21 @@ class WscAstExtern final : public WscSimpleNode {
     static constexpr WscNodeType theNodeType = WscNodeType::Extern;
     using WscSimpleNode::WscSimpleNode;
 
-    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const override {
-        return nullptr;
-    }
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame&) const { return nullptr; }
 };
 
 // Parents know what the grammar put below them.
-inline const WscName& nameOf(const WscSimpleNode* theIdentifier) noexcept {
-    return static_cast<const WscAstIdentifier*>(theIdentifier)->getName();
+inline WscName& nameOf(WscCompilerData& theData, const WscSimpleNode* theIdentifier) noexcept {
+    return theData.getTexts().getName(
+        static_cast<const WscAstIdentifier*>(theIdentifier)->getName());
 }
 inline int operatorOf(const WscSimpleNode* theOperator) noexcept {
     return static_cast<const WscAstOperator*>(theOperator)->getOperator();
 }
-inline const CpsString& stringOf(const WscSimpleNode* theLiteral) noexcept {
-    return *static_cast<const WscAstLiteral*>(theLiteral)->getStringLiteralValue();
+inline std::string_view stringOf(WscCompilerData& theData,
+                                 const WscSimpleNode* theLiteral) noexcept {
+    return theData.getTexts().getString(
+        static_cast<const WscAstLiteral*>(theLiteral)->getStringLiteralValue());
 }
 
 }  // namespace lumnis

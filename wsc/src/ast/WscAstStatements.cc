@@ -50,12 +50,12 @@ const WscSimpleNode* WscAstStatementList::semanticAction(WscCompilerData& theDat
 
 const WscSimpleNode* WscAstVariableDeclaration::semanticAction(WscCompilerData& theData,
                                                                WscActionFrame& theFrame) const {
-    const WscName& name = nameOf(getChild(0));
+    WscName& name = nameOf(theData, getChild(0));
     const WscSimpleNode* initial = getChild(1);
     const bool hasInitial = !initial->isA(WscNodeType::Empty);
     if (theFrame.step == 0) {
         if (theData.searchVariable(name) >= 0) {
-            fail("Semantic Error: Variable \"" + name.text + "\" multiply defined");
+            fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" multiply defined");
         }
         if (hasInitial) {
             return initial;

@@ -10,8 +10,7 @@ class WscAstStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Statement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // One statement list. Opens no scope.
@@ -19,7 +18,7 @@ class WscAstBlock final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::Block;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const override {
+    const WscSimpleNode* semanticAction(WscCompilerData&, WscActionFrame& theFrame) const {
         return nextChild(theFrame);
     }
 };
@@ -29,8 +28,7 @@ class WscAstStatementList final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::StatementList;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Identifier, initial value or Empty.
@@ -38,8 +36,7 @@ class WscAstVariableDeclaration final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::VariableDeclaration;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Condition, statement, else-statement or Empty.
@@ -47,8 +44,7 @@ class WscAstIfStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::IfStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Condition, body.
@@ -56,8 +52,7 @@ class WscAstWhileStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::WhileStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Init, condition, increment, body; Empty where one of the first three is missing.
@@ -65,24 +60,21 @@ class WscAstForStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ForStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 class WscAstContinueStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ContinueStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 class WscAstBreakStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::BreakStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 // Value or Empty.
@@ -90,8 +82,7 @@ class WscAstReturnStatement final : public WscSimpleNode {
   public:
     static constexpr WscNodeType theNodeType = WscNodeType::ReturnStatement;
     using WscSimpleNode::WscSimpleNode;
-    const WscSimpleNode* semanticAction(WscCompilerData& theData,
-                                        WscActionFrame& theFrame) const override;
+    const WscSimpleNode* semanticAction(WscCompilerData& theData, WscActionFrame& theFrame) const;
 };
 
 }  // namespace lumnis

@@ -6,6 +6,10 @@
 #include <vector>
 
 #include "FwTraceScope.h"
+#include "WscAstDeclarations.h"
+#include "WscAstExpressions.h"
+#include "WscAstPrimaries.h"
+#include "WscAstStatements.h"
 #include "WscCompilerException.h"
 
 namespace lumnis {
@@ -33,36 +37,71 @@ static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::Statement)] == 
 static_assert(theNodeNames[static_cast<std::size_t>(WscNodeType::MetaUserAgent)] ==
               "MetaUserAgent");
 
+using NodeAction = const WscSimpleNode* (*)(const WscSimpleNode&, WscCompilerData&,
+                                            WscActionFrame&);
+
+template <class Node>
+const WscSimpleNode* act(const WscSimpleNode& theNode, WscCompilerData& theData,
+                         WscActionFrame& theFrame) {
+    return static_cast<const Node&>(theNode).semanticAction(theData, theFrame);
+}
+
+// The actions of theNodes by their type numbers.
+template <class... Nodes>
+constexpr std::array<NodeAction, theNodeNames.size()> makeNodeActions() {
+    std::array<NodeAction, theNodeNames.size()> result{};
+    ((result[static_cast<std::size_t>(Nodes::theNodeType)] = act<Nodes>), ...);
+    return result;
+}
+
+constexpr auto theNodeActions = makeNodeActions<
+    WscAstLiteral, WscAstIdentifier, WscAstExpression, WscAstLocalScriptFunctionCall,
+    WscAstExternalScriptFunctionCall, WscAstLibraryFunctionCall, WscAstArgumentList, WscAstOperator,
+    WscAstPostfixExpression, WscAstUnaryExpression, WscAstAndExpressionSequence,
+    WscAstOrExpressionSequence, WscAstConditionalExpression, WscAstAssignmentExpression,
+    WscAstExpressionList, WscAstStatement, WscAstBlock, WscAstStatementList,
+    WscAstVariableDeclaration, WscAstEmpty, WscAstIfStatement, WscAstWhileStatement,
+    WscAstForStatement, WscAstContinueStatement, WscAstBreakStatement, WscAstReturnStatement,
+    WscAstFunctionDeclaration, WscAstFormalParameterList, WscAstExtern, WscAstCompilationUnit,
+    WscAstPragmas, WscAstFunctionDeclarations, WscAstExternalCompilationUnitPragma,
+    WscAstAccessControlDomain, WscAstAccessControlPath, WscAstAccessControlDomainPath,
+    WscAstMetaName, WscAstMetaHttpEquiv, WscAstMetaUserAgent, WscAstBinaryExpressionSequence>();
+
 }  // namespace
+
+const WscSimpleNode* WscSimpleNode::semanticAction(WscCompilerData& theData,
+                                                   WscActionFrame& theFrame) const {
+    return theNodeActions[static_cast<std::size_t>(nodeTypeM)](*this, theData, theFrame);
+}
 
 void WscSimpleNode::runSemanticAction(WscCompilerData& theData) const {
     FwTraceScope scope("WscSimpleNode::runSemanticAction");
-    std::vector<WscActionFrame> begun;
-    begun.push_back({this});
+    CpsArray<WscActionFrame, 32> begun;
+    begun.append(this);
     while (!begun.empty()) {
         WscActionFrame& frame = begun.back();
         const WscSimpleNode* next = frame.node->semanticAction(theData, frame);
         ++frame.step;
         if (next != nullptr) {
-            begun.push_back({next});
+            begun.append(next);
         } else {
-            begun.pop_back();
+            begun.pop();
         }
     }
 }
 
-void WscSimpleNode::dump(const CpsString& thePrefix, std::ostream& theStream,
-                         std::ostream& theConsole) const {
+void WscSimpleNode::dump(const CpsString& thePrefix, const WscSourceTexts& theTexts,
+                         std::ostream& theStream, std::ostream& theConsole) const {
     FwTraceScope scope("WscSimpleNode::dump");
     // The nodes on the way down from here. One prefix serves them all: it grows with the way.
     std::vector<const WscSimpleNode*> path;
     CpsString prefix(thePrefix);
     for (const WscSimpleNode* node = this; node != nullptr;) {
-        CpsString line = node->addPrefix(prefix) + node->getDumpText();
+        CpsString line = node->addPrefix(prefix) + node->getDumpText(theTexts);
         line += '\n';
         theStream.write(line.data(), line.length());
         theConsole.write(line.data(), line.length());
-        if (node->lastChildM != nullptr) {
+        if (node->hasChildren()) {
             path.push_back(node);
             prefix += ' ';
             node = node->getFirstChild();
@@ -85,6 +124,17 @@ void WscSimpleNode::dump(const CpsString& thePrefix, std::ostream& theStream,
 
 CpsString WscSimpleNode::getNodeName() const {
     return theNodeNames[static_cast<std::size_t>(nodeTypeM)];
+}
+
+CpsString WscSimpleNode::getDumpText(const WscSourceTexts& theTexts) const {
+    switch (nodeTypeM) {
+        case WscNodeType::Literal:
+            return static_cast<const WscAstLiteral*>(this)->getDumpText(theTexts);
+        case WscNodeType::Identifier:
+            return static_cast<const WscAstIdentifier*>(this)->getDumpText(theTexts);
+        default:
+            return {};
+    }
 }
 
 unsigned WscSimpleNode::getNumChildren() const noexcept {

@@ -1,40 +1,33 @@
-// The code of the function that is being compiled: its instructions in order, and the arena in
-// which they live.
+// The code of the function that is being compiled: its instructions in order.
 #pragma once
 
 #include <cstddef>
 #include <span>
-#include <type_traits>
-#include <utility>
-#include <vector>
 
-#include "FwArena.h"
+#include "CpsArray.h"
 #include "WscInstructions.h"
 
 namespace lumnis {
 
 class WscFunctionCode {
   public:
-    // Makes an instruction that lives until clear. It is no part of the code yet.
-    template <class Instruction, class... Arguments>
-    Instruction* make(Arguments&&... theArguments) {
-        static_assert(std::is_trivially_destructible_v<Instruction>);
-        return arenaM.make<Instruction>(std::forward<Arguments>(theArguments)...);
+    // Makes an instruction at the end, in its place: one that is made elsewhere and copied costs
+    // the processor a wait for its parts.
+    template <class Instruction, class... Operands>
+    void append(WscOpcode theOpcode, Operands... theOperands) {
+        instructionsM.appendAs<Instruction>(theOpcode, theOperands...);
     }
-    void append(WscInstruction* theInstruction) { instructionsM.push_back(theInstruction); }
 
     // Drops all but the first theCount instructions.
-    void truncate(std::size_t theCount) { instructionsM.resize(theCount); }
-    void clear() {
-        instructionsM.clear();
-        arenaM.clear();
-    }
+    void truncate(std::size_t theCount) noexcept { instructionsM.truncate(theCount); }
+    void clear() noexcept { instructionsM.clear(); }
+    // The same, and gives back the memory.
+    void release() noexcept { instructionsM.release(); }
 
-    std::span<WscInstruction*> instructions() noexcept { return instructionsM; }
+    std::span<WscInstruction> instructions() noexcept { return instructionsM.values(); }
 
   private:
-    FwArena arenaM;
-    std::vector<WscInstruction*> instructionsM;
+    CpsArray<WscInstruction, 128> instructionsM;
 };
 
 }  // namespace lumnis

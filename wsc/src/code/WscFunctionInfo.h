@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "CpsString.h"
 
@@ -9,11 +10,12 @@ namespace lumnis {
 
 class WscFunctionInfo {
   public:
-    WscFunctionInfo(const CpsString& theName, std::uint8_t theFunctionNo,
+    // theName must stay where it is.
+    WscFunctionInfo(std::string_view theName, std::uint8_t theFunctionNo,
                     std::uint8_t theNoOfFunctionArgs)
         : nameM(theName), functionNoM(theFunctionNo), noOfFunctionArgsM(theNoOfFunctionArgs) {}
 
-    const CpsString& getName() const noexcept { return nameM; }
+    std::string_view getName() const noexcept { return nameM; }
     std::uint8_t getFunctionNo() const noexcept { return functionNoM; }
     std::uint8_t getNoOfFunctionArgs() const noexcept { return noOfFunctionArgsM; }
 
@@ -21,12 +23,12 @@ class WscFunctionInfo {
     // For exported functions, whose names have at most 255 bytes.
     void writeByteCodeInformation(CpsString& theOutput) const {
         theOutput += static_cast<char>(functionNoM);
-        theOutput += static_cast<char>(nameM.length());
+        theOutput += static_cast<char>(nameM.size());
         theOutput += nameM;
     }
 
   private:
-    CpsString nameM;
+    std::string_view nameM;
     std::uint8_t functionNoM;
     std::uint8_t noOfFunctionArgsM;
 };

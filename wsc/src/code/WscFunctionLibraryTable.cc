@@ -159,17 +159,17 @@ WscFunctionLibraryTable::Names WscFunctionLibraryTable::findNames(std::int32_t t
     return names;
 }
 
-void WscFunctionLibraryTable::findLibraryFunction(const CpsString& theLibrary,
-                                                  const CpsString& theFunction,
+void WscFunctionLibraryTable::findLibraryFunction(std::string_view theLibrary,
+                                                  std::string_view theFunction,
                                                   std::int32_t theNumParams,
                                                   std::int32_t& theLibraryId,
                                                   std::int32_t& theFunctionId) const {
     theLibraryId = theFunctionId = -1;
-    const auto library = librariesM.find(theLibrary.view());
+    const auto library = librariesM.find(theLibrary);
     if (library == librariesM.end()) {
         return;
     }
-    const auto function = library->second.find(theFunction.view());
+    const auto function = library->second.find(theFunction);
     if (function != library->second.end() && function->second.getNumParams() == theNumParams) {
         theLibraryId = function->second.getLibraryId();
         theFunctionId = function->second.getFunctionId();

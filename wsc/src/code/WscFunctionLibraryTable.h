@@ -16,7 +16,7 @@ class WscFunctionLibraryTable {
 
     // Names match exactly. Both ids are -1 when there is no such library, no such function in it
     // or none with theNumParams parameters.
-    void findLibraryFunction(const CpsString& theLibrary, const CpsString& theFunction,
+    void findLibraryFunction(std::string_view theLibrary, std::string_view theFunction,
                              std::int32_t theNumParams, std::int32_t& theLibraryId,
                              std::int32_t& theFunctionId) const;
 

@@ -20,14 +20,6 @@ void writeWord(CpsString& theOutput, unsigned theValue) {
     writeByte(theOutput, theValue);
 }
 
-void writeOperand(CpsString& theOutput, std::uint8_t theValue) {
-    writeByte(theOutput, theValue);
-}
-
-void writeOperand(CpsString& theOutput, std::uint16_t theValue) {
-    writeWord(theOutput, theValue);
-}
-
 void writeNumber(CpsString& theOutput, unsigned theValue) {
     char text[16];
     const auto end = std::to_chars(text, text + sizeof text, theValue);
@@ -35,120 +27,114 @@ void writeNumber(CpsString& theOutput, unsigned theValue) {
     theOutput += ' ';
 }
 
+WscOperands operandsOf(WscOpcode theOpcode) noexcept {
+    return theOperandsByOpcode[valueOf(theOpcode)];
+}
+
 }  // namespace
 
-void WscFlowInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    switch (getInstructionNbr()) {
-        case WscOpcode::JumpFw:
-        case WscOpcode::JumpBw:
-        case WscOpcode::TjumpFw:
-        case WscOpcode::TjumpBw:
-            writeOpcode(theOutput, getInstructionNbr());
-            writeByte(theOutput, offsetM);
-            break;
-        case WscOpcode::JumpFwW:
-        case WscOpcode::JumpBwW:
-        case WscOpcode::TjumpFwW:
-        case WscOpcode::TjumpBwW:
-            writeOpcode(theOutput, getInstructionNbr());
-            writeWord(theOutput, offsetM);
-            break;
-        case WscOpcode::JumpFwS:
-        case WscOpcode::JumpBwS:
-        case WscOpcode::TjumpFwS:
-            writeByte(theOutput, valueOf(getInstructionNbr()) | offsetM);
-            break;
-        case WscOpcode::PseudoLabel:
-            break;
+unsigned WscInstruction::getIndex() const noexcept {
+    switch (operandsOf(instructionNbrM)) {
+        case WscOperands::Short:
+        case WscOperands::Byte:
+        case WscOperands::Word:
+            return firstM;
         default:
-            throw std::runtime_error("Internal error: Error in instruction Nbr");
+            return 0;
     }
 }
 
-void WscFlowInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    if (is(WscOpcode::PseudoJump) || is(WscOpcode::PseudoTjump)) {
-        return;
+void WscInstruction::writeByteCodeInformation(CpsString& theOutput) const {
+    switch (operandsOf(instructionNbrM)) {
+        case WscOperands::None:
+            writeOpcode(theOutput, instructionNbrM);
+            break;
+        case WscOperands::Short:
+        case WscOperands::JumpShort:
+            writeByte(theOutput, valueOf(instructionNbrM) | firstM);
+            break;
+        case WscOperands::Byte:
+        case WscOperands::JumpByte:
+            writeOpcode(theOutput, instructionNbrM);
+            writeByte(theOutput, firstM);
+            break;
+        case WscOperands::Word:
+        case WscOperands::JumpWord:
+            writeOpcode(theOutput, instructionNbrM);
+            writeWord(theOutput, firstM);
+            break;
+        case WscOperands::LibraryShort:
+            writeByte(theOutput, valueOf(instructionNbrM) | firstM);
+            writeByte(theOutput, secondM);
+            break;
+        case WscOperands::LibraryByte:
+            writeOpcode(theOutput, instructionNbrM);
+            writeByte(theOutput, firstM);
+            writeByte(theOutput, secondM);
+            break;
+        case WscOperands::LibraryWord:
+            writeOpcode(theOutput, instructionNbrM);
+            writeByte(theOutput, firstM);
+            writeWord(theOutput, secondM);
+            break;
+        case WscOperands::UrlByte:
+            writeOpcode(theOutput, instructionNbrM);
+            writeByte(theOutput, firstM);
+            writeByte(theOutput, secondM);
+            writeByte(theOutput, secondM >> 16);
+            break;
+        case WscOperands::UrlWord:
+            writeOpcode(theOutput, instructionNbrM);
+            writeWord(theOutput, firstM);
+            writeWord(theOutput, secondM);
+            writeByte(theOutput, secondM >> 16);
+            break;
+        case WscOperands::Pseudo:
+            if (!is(WscOpcode::PseudoLabel)) {
+                throw std::runtime_error("Internal error: Error in instruction Nbr");
+            }
+            break;
     }
-    theOutput += "$LABEL";
-    writeNumber(theOutput, labelM);
-    if (is(WscOpcode::PseudoLabel)) {
-        writeNumber(theOutput, positionM);
-    } else {
-        writeNumber(theOutput, offsetM);
-        writeNumber(theOutput, getSize());
+}
+
+void WscInstruction::writeAssemblyCodeInformation(CpsString& theOutput,
+                                                  std::uint32_t thePosition) const {
+    switch (operandsOf(instructionNbrM)) {
+        case WscOperands::None:
+            break;
+        case WscOperands::Short:
+        case WscOperands::Byte:
+        case WscOperands::Word:
+            writeNumber(theOutput, firstM);
+            break;
+        case WscOperands::JumpShort:
+        case WscOperands::JumpByte:
+        case WscOperands::JumpWord:
+            theOutput += "$LABEL";
+            writeNumber(theOutput, secondM);
+            writeNumber(theOutput, firstM);
+            writeNumber(theOutput, sizeM);
+            break;
+        case WscOperands::LibraryShort:
+        case WscOperands::LibraryByte:
+        case WscOperands::LibraryWord:
+            writeNumber(theOutput, firstM);
+            writeNumber(theOutput, secondM);
+            break;
+        case WscOperands::UrlByte:
+        case WscOperands::UrlWord:
+            writeNumber(theOutput, firstM);
+            writeNumber(theOutput, secondM & 0xFFFF);
+            writeNumber(theOutput, secondM >> 16);
+            break;
+        case WscOperands::Pseudo:
+            if (is(WscOpcode::PseudoLabel)) {
+                theOutput += "$LABEL";
+                writeNumber(theOutput, secondM);
+                writeNumber(theOutput, thePosition);
+            }
+            break;
     }
 }
-
-void WscShortInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    writeByte(theOutput, valueOf(getInstructionNbr()) | indexM);
-}
-
-void WscShortInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, indexM);
-}
-
-template <class Index>
-void WscOperandInstruction<Index>::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-    writeOperand(theOutput, indexM);
-}
-
-template <class Index>
-void WscOperandInstruction<Index>::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, indexM);
-}
-
-template class WscOperandInstruction<std::uint8_t>;
-template class WscOperandInstruction<std::uint16_t>;
-
-void WscCallLibShortInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    writeByte(theOutput, valueOf(getInstructionNbr()) | functionIdM);
-    writeByte(theOutput, libraryIdM);
-}
-
-void WscCallLibShortInstruction::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, functionIdM);
-    writeNumber(theOutput, libraryIdM);
-}
-
-template <class LibraryId>
-void WscCallLibInstruction<LibraryId>::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-    writeOperand(theOutput, functionIdM);
-    writeOperand(theOutput, libraryIdM);
-}
-
-template <class LibraryId>
-void WscCallLibInstruction<LibraryId>::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, functionIdM);
-    writeNumber(theOutput, libraryIdM);
-}
-
-template class WscCallLibInstruction<std::uint8_t>;
-template class WscCallLibInstruction<std::uint16_t>;
-
-template <class Index>
-void WscCallUrlInstruction<Index>::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-    writeOperand(theOutput, urlIndexM);
-    writeOperand(theOutput, functionIndexM);
-    writeOperand(theOutput, argumentCountM);
-}
-
-template <class Index>
-void WscCallUrlInstruction<Index>::writeAssemblyCodeInformation(CpsString& theOutput) const {
-    writeNumber(theOutput, urlIndexM);
-    writeNumber(theOutput, functionIndexM);
-    writeNumber(theOutput, argumentCountM);
-}
-
-template class WscCallUrlInstruction<std::uint8_t>;
-template class WscCallUrlInstruction<std::uint16_t>;
-
-void WscNormalInstruction::writeByteCodeInformation(CpsString& theOutput) const {
-    writeOpcode(theOutput, getInstructionNbr());
-}
-
-void WscNormalInstruction::writeAssemblyCodeInformation(CpsString&) const {}
 
 }  // namespace lumnis

@@ -1,6 +1,7 @@
-// One object per instruction of the function that is being compiled.
+// The instructions of the function that is being compiled.
 //
-// Instructions live in the arena of their function and die with it, without a call.
+// An instruction is a value of eight bytes, whatever its kind: a function's code is one array of
+// them. The classes derived from WscInstruction add no data; each is the way to make one kind.
 #pragma once
 
 #include <cstdint>
@@ -12,17 +13,14 @@ namespace lumnis {
 
 class WscInstruction {
   public:
-    WscInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize) noexcept
-        : instructionNbrM(theInstructionNbr), sizeM(theSize) {}
-    WscInstruction(const WscInstruction&) = delete;
-    WscInstruction& operator=(const WscInstruction&) = delete;
-
-    // The operand that the optimizer compares: a variable or constant; 0 where there is none.
-    virtual unsigned getIndex() const noexcept { return 0; }
-    // Appends the bytes of the file.
-    virtual void writeByteCodeInformation(CpsString& theOutput) const = 0;
-    // Appends the operands as decimal numbers, a blank behind each.
-    virtual void writeAssemblyCodeInformation(CpsString& theOutput) const = 0;
+    // The operand that the optimizer compares: a variable, constant or function; 0 where there is
+    // none.
+    unsigned getIndex() const noexcept;
+    // Appends the bytes of the file. Throws std::runtime_error for a jump without a form.
+    void writeByteCodeInformation(CpsString& theOutput) const;
+    // Appends the operands as decimal numbers, a blank behind each. thePosition, in bytes from the
+    // start of the function's code, is what the listing shows of a label.
+    void writeAssemblyCodeInformation(CpsString& theOutput, std::uint32_t thePosition) const;
 
     // For a short form the base value: the operand is joined to it only in the file.
     WscOpcode getInstructionNbr() const noexcept { return instructionNbrM; }
@@ -32,104 +30,65 @@ class WscInstruction {
     void setSize(std::uint8_t theSize) noexcept { sizeM = theSize; }
 
     bool is(WscOpcode theOpcode) const noexcept { return instructionNbrM == theOpcode; }
+    // A jump without a form yet, or a label.
+    bool isFlow() const noexcept {
+        return valueOf(instructionNbrM) >= valueOf(WscOpcode::PseudoJump);
+    }
+
+    // Of jumps and labels.
+    std::uint32_t getLabel() const noexcept { return secondM; }
+    void setOffset(std::uint16_t theOffset) noexcept { firstM = theOffset; }
 
   protected:
-    ~WscInstruction() = default;
+    WscInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize, std::uint16_t theFirst,
+                   std::uint32_t theSecond) noexcept
+        : instructionNbrM(theInstructionNbr),
+          sizeM(theSize),
+          firstM(theFirst),
+          secondM(theSecond) {}
 
   private:
     WscOpcode instructionNbrM;
     std::uint8_t sizeM;
+    // What they hold depends on the kind:
+    //     jump and label      offset                              label
+    //     index               variable, constant or function
+    //     library call        function id                         library id
+    //     call by URL         URL constant                        name constant, and above its 16
+    //                                                             bits the number of arguments
+    std::uint16_t firstM;
+    std::uint32_t secondM;
 };
+static_assert(sizeof(WscInstruction) == 8);
 
 // A jump, or the label that jumps go to.
 class WscFlowInstruction final : public WscInstruction {
   public:
     WscFlowInstruction(WscOpcode theInstructionNbr, std::uint32_t theLabel) noexcept
-        : WscInstruction(theInstructionNbr, 0), labelM(theLabel) {}
-
-    // Throws std::runtime_error for a jump without a form.
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-    std::uint32_t getLabel() const noexcept { return labelM; }
-    // In bytes from the start of the function's code.
-    std::uint32_t getPos() const noexcept { return positionM; }
-    void setPos(std::uint32_t thePosition) noexcept { positionM = thePosition; }
-    void setOffset(std::uint16_t theOffset) noexcept { offsetM = theOffset; }
-
-  private:
-    std::uint32_t labelM;
-    std::uint16_t offsetM = 0;
-    std::uint32_t positionM = 0;
+        : WscInstruction(theInstructionNbr, 0, 0, theLabel) {}
 };
 
-// Opcode and operand in one byte.
-class WscShortInstruction final : public WscInstruction {
-  public:
-    WscShortInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                        std::uint8_t theIndex) noexcept
-        : WscInstruction(theInstructionNbr, theSize), indexM(theIndex) {}
-
-    unsigned getIndex() const noexcept override { return indexM; }
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    std::uint8_t indexM;
-};
-
-// Opcode and an operand of the size of Index.
+// Opcode and an operand: in one byte, or with the operand in a byte or two of its own.
 template <class Index>
 class WscOperandInstruction final : public WscInstruction {
   public:
     WscOperandInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
                           Index theIndex) noexcept
-        : WscInstruction(theInstructionNbr, theSize), indexM(theIndex) {}
-
-    unsigned getIndex() const noexcept override { return indexM; }
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    Index indexM;
+        : WscInstruction(theInstructionNbr, theSize, theIndex, 0) {}
 };
+using WscShortInstruction = WscOperandInstruction<std::uint8_t>;
 using WscMediumInstruction = WscOperandInstruction<std::uint8_t>;
 using WscWideInstruction = WscOperandInstruction<std::uint16_t>;
 
-// A call of a library function, the function id in the opcode's low bits.
-class WscCallLibShortInstruction final : public WscInstruction {
-  public:
-    WscCallLibShortInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
-                               std::uint8_t theFunctionId, std::uint8_t theLibraryId) noexcept
-        : WscInstruction(theInstructionNbr, theSize),
-          functionIdM(theFunctionId),
-          libraryIdM(theLibraryId) {}
-
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    std::uint8_t functionIdM;
-    std::uint8_t libraryIdM;
-};
-
-// The same, the function id in a byte of its own and the library id of the size of LibraryId.
+// A call of a library function; in the short form the function id is in the opcode's low bits.
 template <class LibraryId>
 class WscCallLibInstruction final : public WscInstruction {
   public:
     WscCallLibInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize,
                           std::uint8_t theFunctionId, LibraryId theLibraryId) noexcept
-        : WscInstruction(theInstructionNbr, theSize),
-          functionIdM(theFunctionId),
-          libraryIdM(theLibraryId) {}
-
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    std::uint8_t functionIdM;
-    LibraryId libraryIdM;
+        : WscInstruction(theInstructionNbr, theSize, theFunctionId, theLibraryId) {}
 };
+using WscCallLibShortInstruction = WscCallLibInstruction<std::uint8_t>;
 using WscCallLibMediumInstruction = WscCallLibInstruction<std::uint8_t>;
 using WscCallLibWideInstruction = WscCallLibInstruction<std::uint16_t>;
 
@@ -139,18 +98,8 @@ class WscCallUrlInstruction final : public WscInstruction {
   public:
     WscCallUrlInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize, Index theUrlIndex,
                           Index theFunctionIndex, std::uint8_t theArgumentCount) noexcept
-        : WscInstruction(theInstructionNbr, theSize),
-          urlIndexM(theUrlIndex),
-          functionIndexM(theFunctionIndex),
-          argumentCountM(theArgumentCount) {}
-
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
-
-  private:
-    Index urlIndexM;
-    Index functionIndexM;
-    std::uint8_t argumentCountM;
+        : WscInstruction(theInstructionNbr, theSize, theUrlIndex,
+                         theFunctionIndex | std::uint32_t{theArgumentCount} << 16) {}
 };
 using WscCallUrlMediumInstruction = WscCallUrlInstruction<std::uint8_t>;
 using WscCallUrlWideInstruction = WscCallUrlInstruction<std::uint16_t>;
@@ -158,10 +107,8 @@ using WscCallUrlWideInstruction = WscCallUrlInstruction<std::uint16_t>;
 // An opcode alone.
 class WscNormalInstruction final : public WscInstruction {
   public:
-    using WscInstruction::WscInstruction;
-
-    void writeByteCodeInformation(CpsString& theOutput) const override;
-    void writeAssemblyCodeInformation(CpsString& theOutput) const override;
+    WscNormalInstruction(WscOpcode theInstructionNbr, std::uint8_t theSize) noexcept
+        : WscInstruction(theInstructionNbr, theSize, 0, 0) {}
 };
 
 }  // namespace lumnis

@@ -17,7 +17,8 @@
 
 #include <cstddef>
 #include <stdexcept>
-#include <vector>
+
+#include "CpsArray.h"
 #include "FwTraceScope.h"
 
 namespace lumnis {
@@ -30,17 +31,30 @@ constexpr std::uint32_t theMaxWordOffset = 65535;
 // A jump that reaches across a position lies nearer than this, unless it has its three bytes.
 constexpr std::uint32_t theReach = theMaxByteOffset + 3;
 
+// A jump or a label.
+struct Flow {
+    WscInstruction* instruction;
+    std::uint32_t gap;       // bytes of other instructions in front of it
+    std::uint32_t position;  // in bytes from the start of the function's code
+};
+
 struct Jump {
-    WscFlowInstruction* instruction;
-    const WscFlowInstruction* target;
+    std::uint32_t flow;  // itself and the label that it goes to, by number
+    std::uint32_t target;
     std::uint32_t start;   // position with all jumps of one byte; distances only grow from it
     std::uint32_t offset;  // as it stands in the code: from the end of a forward jump, from the
                            // start of a backward one
     // The jumps whose growth makes the offset grow: from lowest to highest - 1, by number.
-    std::size_t lowest;
-    std::size_t highest;
+    std::uint32_t lowest;
+    std::uint32_t highest;
     bool isForward;
     bool isConditional;
+    std::uint8_t size;
+};
+
+struct Label {
+    std::uint32_t flow = 0;
+    std::uint32_t jumpsBefore = 0;  // number of jumps in front of it
 };
 
 std::uint8_t sizeFor(const Jump& theJump) noexcept {
@@ -51,7 +65,7 @@ std::uint8_t sizeFor(const Jump& theJump) noexcept {
 }
 
 WscOpcode opcodeFor(const Jump& theJump) {
-    const std::uint8_t size = theJump.instruction->getSize();
+    const std::uint8_t size = theJump.size;
     if (theJump.isConditional) {
         if (theJump.isForward) {
             return size == 1   ? WscOpcode::TjumpFwS
@@ -71,17 +85,17 @@ WscOpcode opcodeFor(const Jump& theJump) {
 
 class Layout {
   public:
-    Layout(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
+    Layout(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel) {
         collect(theCode, theFirstLabel);
     }
 
     std::int64_t run() {
-        for (std::size_t i = 0; i < jumpsM.size(); ++i) {
+        for (std::uint32_t i = 0; i < jumpsM.size(); ++i) {
             grow(i);
         }
         while (!disturbedM.empty()) {
-            const std::size_t jump = disturbedM.back();
-            disturbedM.pop_back();
+            const std::uint32_t jump = disturbedM.back();
+            disturbedM.pop();
             grow(jump);
         }
         const std::uint32_t size = place();
@@ -90,121 +104,118 @@ class Layout {
             if (jump.offset > theMaxWordOffset) {
                 return -1;
             }
-            jump.instruction->setInstructionNbr(opcodeFor(jump));
-            jump.instruction->setOffset(static_cast<std::uint16_t>(jump.offset));
+            WscInstruction& instruction = *flowsM[jump.flow].instruction;
+            instruction.setInstructionNbr(opcodeFor(jump));
+            instruction.setOffset(static_cast<std::uint16_t>(jump.offset));
         }
         return size;
     }
 
   private:
-    // A jump or a label, and the bytes of other instructions in front of it.
-    struct Flow {
-        WscFlowInstruction* instruction;
-        std::uint32_t gap;
-    };
-
     // The first layout, with one byte for each jump, and what follows from it.
-    void collect(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
-        // For each label: its instruction and the number of jumps in front of it.
-        std::vector<const WscFlowInstruction*> labels;
-        std::vector<std::size_t> jumpsBefore;
+    void collect(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel) {
+        CpsArray<Label, 32> labels;
+        std::size_t jumpCount = 0;
+        std::size_t labelCount = 0;
+        for (const WscInstruction& instruction : theCode) {
+            const bool isLabel = instruction.is(WscOpcode::PseudoLabel);
+            labelCount += isLabel;
+            jumpCount += !isLabel && instruction.isFlow();
+        }
+        flowsM.reserve(jumpCount + labelCount);
+        jumpsM.reserve(jumpCount);
+        labels.reserve(labelCount);
         std::uint32_t gap = 0;
-        for (WscInstruction* instruction : theCode) {
-            if (!isFlow(*instruction)) {
-                gap += instruction->getSize();
+        for (WscInstruction& instruction : theCode) {
+            if (!instruction.isFlow()) {
+                gap += instruction.getSize();
                 continue;
             }
-            auto* flow = static_cast<WscFlowInstruction*>(instruction);
-            flowsM.push_back({flow, gap});
+            const auto flow = static_cast<std::uint32_t>(flowsM.size());
+            flowsM.append(Flow{&instruction, gap, 0});
             gap = 0;
-            if (flow->is(WscOpcode::PseudoLabel)) {
-                const std::size_t index = flow->getLabel() - theFirstLabel;
+            if (instruction.is(WscOpcode::PseudoLabel)) {
+                const std::size_t index = instruction.getLabel() - theFirstLabel;
                 if (index >= labels.size()) {
                     labels.resize(index + 1);
-                    jumpsBefore.resize(index + 1);
                 }
-                labels[index] = flow;
-                jumpsBefore[index] = jumpsM.size();
+                labels[index] = {flow, static_cast<std::uint32_t>(jumpsM.size())};
             } else {
-                flow->setSize(1);
-                jumpsM.push_back(
-                    {flow, nullptr, 0, 0, 0, 0, false, flow->is(WscOpcode::PseudoTjump)});
+                instruction.setSize(1);
+                jumpsM.append(
+                    Jump{flow, 0, 0, 0, 0, 0, false, instruction.is(WscOpcode::PseudoTjump), 1});
             }
         }
         tailM = gap;
         place();
-        for (std::size_t i = 0; i < jumpsM.size(); ++i) {
+        for (std::uint32_t i = 0; i < jumpsM.size(); ++i) {
             Jump& jump = jumpsM[i];
-            const std::size_t label = jump.instruction->getLabel() - theFirstLabel;
-            jump.target = labels.at(label);
-            jump.start = jump.instruction->getPos();
-            jump.isForward = jump.target->getPos() > jump.start;
-            jump.lowest = jump.isForward ? i + 1 : jumpsBefore[label];
-            jump.highest = jump.isForward ? jumpsBefore[label] : i;
+            const Flow& flow = flowsM[jump.flow];
+            const Label& label = labels[flow.instruction->getLabel() - theFirstLabel];
+            jump.target = label.flow;
+            jump.start = flow.position;
+            jump.isForward = flowsM[jump.target].position > jump.start;
+            jump.lowest = jump.isForward ? i + 1 : label.jumpsBefore;
+            jump.highest = jump.isForward ? label.jumpsBefore : i;
             jump.offset = offsetOf(jump);
         }
-    }
-
-    static bool isFlow(const WscInstruction& theInstruction) noexcept {
-        return theInstruction.is(WscOpcode::PseudoLabel) ||
-               theInstruction.is(WscOpcode::PseudoJump) ||
-               theInstruction.is(WscOpcode::PseudoTjump);
     }
 
     // Sets all positions by the sizes as they are; returns the size of the code.
     std::uint32_t place() noexcept {
         std::uint32_t position = 0;
-        for (const Flow& flow : flowsM) {
+        for (Flow& flow : flowsM) {
             position += flow.gap;
-            flow.instruction->setPos(position);
+            flow.position = position;
             position += flow.instruction->getSize();
         }
         return position + tailM;
     }
 
-    static std::uint32_t offsetOf(const Jump& theJump) noexcept {
-        const std::uint32_t from = theJump.instruction->getPos();
-        const std::uint32_t to = theJump.target->getPos();
-        return theJump.isForward ? to - from - theJump.instruction->getSize() : from - to;
+    std::uint32_t offsetOf(const Jump& theJump) const noexcept {
+        const std::uint32_t from = flowsM[theJump.flow].position;
+        const std::uint32_t to = flowsM[theJump.target].position;
+        return theJump.isForward ? to - from - theJump.size : from - to;
     }
 
     // Gives the jump the size that its offset wants and disturbs whom that pushes over a limit.
-    void grow(std::size_t theJump) {
+    void grow(std::uint32_t theJump) {
         Jump& jump = jumpsM[theJump];
         const std::uint8_t size = sizeFor(jump);
-        if (size <= jump.instruction->getSize()) {
+        if (size <= jump.size) {
             return;
         }
-        const std::uint8_t growth = static_cast<std::uint8_t>(size - jump.instruction->getSize());
-        jump.instruction->setSize(size);
-        for (std::size_t i = theJump; i-- != 0 && jump.start - jumpsM[i].start <= theReach;) {
+        const std::uint8_t growth = static_cast<std::uint8_t>(size - jump.size);
+        jump.size = size;
+        flowsM[jump.flow].instruction->setSize(size);
+        for (std::uint32_t i = theJump; i-- != 0 && jump.start - jumpsM[i].start <= theReach;) {
             pushApart(i, theJump, growth);
         }
-        for (std::size_t i = theJump + 1;
+        for (std::uint32_t i = theJump + 1;
              i < jumpsM.size() && jumpsM[i].start - jump.start <= theReach; ++i) {
             pushApart(i, theJump, growth);
         }
     }
 
-    void pushApart(std::size_t theJump, std::size_t theGrown, std::uint8_t theGrowth) {
+    void pushApart(std::uint32_t theJump, std::uint32_t theGrown, std::uint8_t theGrowth) {
         Jump& jump = jumpsM[theJump];
         if (theGrown >= jump.lowest && theGrown < jump.highest) {
             jump.offset += theGrowth;
-            if (sizeFor(jump) > jump.instruction->getSize()) {
-                disturbedM.push_back(theJump);
+            if (sizeFor(jump) > jump.size) {
+                disturbedM.append(theJump);
             }
         }
     }
 
-    std::vector<Flow> flowsM;  // in order
-    std::uint32_t tailM = 0;   // bytes behind the last of them
-    std::vector<Jump> jumpsM;  // in order
-    std::vector<std::size_t> disturbedM;
+    CpsArray<Flow, 48> flowsM;  // in order
+    std::uint32_t tailM = 0;    // bytes behind the last of them
+    CpsArray<Jump, 32> jumpsM;  // in order
+    CpsArray<std::uint32_t, 16> disturbedM;
 };
 
 }  // namespace
 
-std::int64_t layoutJumps(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel) {
+std::int64_t layoutJumps(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel) {
     FwTraceScope scope("layoutJumps");
     return Layout(theCode, theFirstLabel).run();
 }

@@ -9,9 +9,9 @@
 namespace lumnis {
 
 // Turns the PSEUDO_JUMPs and PSEUDO_TJUMPs of theCode into real jumps, each in the shortest form
-// in which all fit at once, and sets the positions of jumps and labels. Every label of a jump
-// must have been placed; theFirstLabel is the lowest label number in use.
+// in which all fit at once. Every label of a jump must have been placed; theFirstLabel is the
+// lowest label number in use.
 // Returns the size of the code in bytes, or -1 when a jump is longer than 65535 bytes.
-std::int64_t layoutJumps(std::span<WscInstruction* const> theCode, std::uint32_t theFirstLabel);
+std::int64_t layoutJumps(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel);
 
 }  // namespace lumnis

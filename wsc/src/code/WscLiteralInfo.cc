@@ -16,9 +16,10 @@ void writeBigEndian(CpsString& theOutput, std::uint32_t theValue, unsigned theCo
     }
 }
 
-void writeString(CpsString& theOutput, WscLiteralInfo::Type theType, const CpsString& theText) {
+void writeString(CpsString& theOutput, WscLiteralInfo::Type theType, std::string_view theText) {
     theOutput += static_cast<char>(theType);
-    WscStringAndIntHandler().getAsMultiByteInteger(theText.length(), theOutput);
+    WscStringAndIntHandler().getAsMultiByteInteger(static_cast<std::uint32_t>(theText.size()),
+                                                   theOutput);
     theOutput += theText;
 }
 

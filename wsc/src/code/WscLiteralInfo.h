@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <string_view>
 
 #include "CpsString.h"
 
@@ -73,20 +74,21 @@ class WscLiteralFloat final : public WscLiteralInfo {
 // A string that stays UTF-8 whatever the unit's charset: the name of a function elsewhere.
 class WscLiteralStringUtf8 final : public WscLiteralInfo {
   public:
-    explicit WscLiteralStringUtf8(const CpsString& theText) : textM(theText) {}
+    // theText must stay where it is; so for the next class.
+    explicit WscLiteralStringUtf8(std::string_view theText) : textM(theText) {}
     Type getTypeNbr() const noexcept override { return StringUtf8; }
     void writeByteCodeInformation(CpsString& theOutput) const override;
 
-    const CpsString& getText() const noexcept { return textM; }
+    std::string_view getText() const noexcept { return textM; }
 
   private:
-    CpsString textM;
+    std::string_view textM;
 };
 
 // A string that goes out in the unit's selected charset.
 class WscLiteralStringExtern final : public WscLiteralInfo {
   public:
-    explicit WscLiteralStringExtern(const CpsString& theText) : textM(theText) {}
+    explicit WscLiteralStringExtern(std::string_view theText) : textM(theText) {}
     Type getTypeNbr() const noexcept override { return StringExtern; }
     // Writes the text of the charset that was set: the one with escapes where that is the
     // charset in which it was made, else the transcoded one.
@@ -104,12 +106,12 @@ class WscLiteralStringExtern final : public WscLiteralInfo {
     void setCharset(std::uint32_t theCharset) noexcept { charsetM = theCharset; }
 
     // As it came, in UTF-8.
-    const CpsString& getText() const noexcept { return textM; }
+    std::string_view getText() const noexcept { return textM; }
 
   private:
     static constexpr std::uint32_t theUtf8Charset = 106;
 
-    CpsString textM;
+    std::string_view textM;
     // Null until the first conversion: most units go out in UTF-8 and have none.
     std::unique_ptr<CpsString> highPriorityTextM;
     std::unique_ptr<CpsString> transcodedTextM;

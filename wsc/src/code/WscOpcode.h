@@ -247,4 +247,14 @@ constexpr const WscOpcodeInfo* findOpcode(std::uint8_t theValue) noexcept {
     return nullptr;
 }
 
+// The operands of each opcode, by its value; none for a gap.
+constexpr std::array<WscOperands, 256> makeOperandsByOpcode() noexcept {
+    std::array<WscOperands, 256> result{};
+    for (const WscOpcodeInfo& row : theOpcodeTable) {
+        result[valueOf(row.opcode)] = row.operands;
+    }
+    return result;
+}
+inline constexpr std::array<WscOperands, 256> theOperandsByOpcode = makeOperandsByOpcode();
+
 }  // namespace lumnis

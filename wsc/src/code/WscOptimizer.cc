@@ -205,18 +205,17 @@ constexpr std::array<bool, 256> theBeginners = makeBeginners();
 // same per instruction in every function.
 class Sweep {
   public:
-    explicit Sweep(WscFunctionCode& theCode) noexcept
-        : codeM(theCode), instructionsM(theCode.instructions()) {}
+    explicit Sweep(std::span<WscInstruction> theCode) noexcept : instructionsM(theCode) {}
 
     bool isAtEnd() const noexcept { return aheadM == instructionsM.size(); }
     std::size_t length() const noexcept { return behindM; }
 
-    std::uint8_t first() const noexcept { return valueOf(ahead(0)->getInstructionNbr()); }
+    std::uint8_t first() const noexcept { return valueOf(ahead(0).getInstructionNbr()); }
     std::uint32_t frame() const noexcept {
         std::uint32_t result = 0;
         const std::size_t count = std::min<std::size_t>(4, instructionsM.size() - aheadM);
         for (std::size_t i = 0; i < count; ++i) {
-            result |= std::uint32_t{valueOf(ahead(i)->getInstructionNbr())} << (8 * i);
+            result |= std::uint32_t{valueOf(ahead(i).getInstructionNbr())} << (8 * i);
         }
         return result;
     }
@@ -236,7 +235,7 @@ class Sweep {
     }
 
   private:
-    WscInstruction* ahead(std::size_t theIndex) const noexcept {
+    const WscInstruction& ahead(std::size_t theIndex) const noexcept {
         return instructionsM[aheadM + theIndex];
     }
 
@@ -244,55 +243,52 @@ class Sweep {
         const auto variable = static_cast<std::uint8_t>(theIndex);
         switch (theAction) {
             case Action::StopUnlessSecondHasIndex:
-                theIndex = ahead(0)->getIndex();
-                return theIndex == ahead(1)->getIndex();
+                theIndex = ahead(0).getIndex();
+                return theIndex == ahead(1).getIndex();
             case Action::StopUnlessThirdHasIndex:
-                theIndex = ahead(0)->getIndex();
-                return theIndex == ahead(2)->getIndex();
+                theIndex = ahead(0).getIndex();
+                return theIndex == ahead(2).getIndex();
             case Action::StopUnlessFourthHasIndex:
-                theIndex = ahead(0)->getIndex();
-                return theIndex == ahead(3)->getIndex();
+                theIndex = ahead(0).getIndex();
+                return theIndex == ahead(3).getIndex();
             case Action::TakeIndexOfSecond:
-                theIndex = ahead(1)->getIndex();
+                theIndex = ahead(1).getIndex();
                 return true;
             case Action::InsertIncr:
-                insert(codeM.make<WscNormalInstruction>(WscOpcode::Incr, std::uint8_t{1}));
+                insert(WscNormalInstruction(WscOpcode::Incr, std::uint8_t{1}));
                 return true;
             case Action::InsertDecr:
-                insert(codeM.make<WscNormalInstruction>(WscOpcode::Decr, std::uint8_t{1}));
+                insert(WscNormalInstruction(WscOpcode::Decr, std::uint8_t{1}));
                 return true;
             case Action::InsertAdd:
-                insert(codeM.make<WscNormalInstruction>(WscOpcode::Add, std::uint8_t{1}));
+                insert(WscNormalInstruction(WscOpcode::Add, std::uint8_t{1}));
                 return true;
             case Action::InsertConstM1:
-                insert(codeM.make<WscNormalInstruction>(WscOpcode::ConstM1, std::uint8_t{1}));
+                insert(WscNormalInstruction(WscOpcode::ConstM1, std::uint8_t{1}));
                 return true;
             case Action::InsertConst1:
-                insert(codeM.make<WscNormalInstruction>(WscOpcode::Const1, std::uint8_t{1}));
+                insert(WscNormalInstruction(WscOpcode::Const1, std::uint8_t{1}));
                 return true;
             case Action::InsertUminus:
-                insert(codeM.make<WscNormalInstruction>(WscOpcode::Uminus, std::uint8_t{1}));
+                insert(WscNormalInstruction(WscOpcode::Uminus, std::uint8_t{1}));
                 return true;
             case Action::InsertIncrVar:
                 if (variable < 8) {
-                    insert(codeM.make<WscShortInstruction>(WscOpcode::IncrVarS, std::uint8_t{1},
-                                                           variable));
+                    insert(WscShortInstruction(WscOpcode::IncrVarS, std::uint8_t{1}, variable));
                 } else {
-                    insert(codeM.make<WscMediumInstruction>(WscOpcode::IncrVar, std::uint8_t{2},
-                                                            variable));
+                    insert(WscMediumInstruction(WscOpcode::IncrVar, std::uint8_t{2}, variable));
                 }
                 return true;
             case Action::InsertDecrVar:
-                insert(codeM.make<WscMediumInstruction>(WscOpcode::DecrVar, std::uint8_t{2},
-                                                        variable));
+                insert(WscMediumInstruction(WscOpcode::DecrVar, std::uint8_t{2}, variable));
                 return true;
             case Action::InsertAddAsgBehindFirst:
                 insertBehindFirst(
-                    codeM.make<WscMediumInstruction>(WscOpcode::AddAsg, std::uint8_t{2}, variable));
+                    WscMediumInstruction(WscOpcode::AddAsg, std::uint8_t{2}, variable));
                 return true;
             case Action::InsertSubAsgBehindFirst:
                 insertBehindFirst(
-                    codeM.make<WscMediumInstruction>(WscOpcode::SubAsg, std::uint8_t{2}, variable));
+                    WscMediumInstruction(WscOpcode::SubAsg, std::uint8_t{2}, variable));
                 return true;
             default:
                 remove(theDeletions[static_cast<std::size_t>(theAction)]);
@@ -314,17 +310,16 @@ class Sweep {
         aheadM = to;
     }
     // Every rule deletes before it inserts, so the gap has room.
-    void insert(WscInstruction* theInstruction) noexcept {
+    void insert(const WscInstruction& theInstruction) noexcept {
         instructionsM[--aheadM] = theInstruction;
     }
-    void insertBehindFirst(WscInstruction* theInstruction) noexcept {
-        WscInstruction* first = ahead(0);
+    void insertBehindFirst(const WscInstruction& theInstruction) noexcept {
+        const WscInstruction first = ahead(0);
         instructionsM[aheadM] = theInstruction;
         insert(first);
     }
 
-    WscFunctionCode& codeM;
-    std::span<WscInstruction*> instructionsM;
+    std::span<WscInstruction> instructionsM;
     std::size_t behindM = 0;  // instructions behind the sweep: p
     std::size_t aheadM = 0;   // where the ones ahead begin
 };
@@ -353,7 +348,7 @@ void WscOptimizer::optimizeFunctionCode(WscFunctionCode& theCode, bool isOptimiz
     if (!isOptimizing || theCode.instructions().size() < 2) {
         return;
     }
-    Sweep sweep(theCode);
+    Sweep sweep(theCode.instructions());
     while (!sweep.isAtEnd()) {
         if (theBeginners[sweep.first()]) {
             const std::span<const Action> actions = getFrameAction(sweep.frame());

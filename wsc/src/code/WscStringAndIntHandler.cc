@@ -4,6 +4,10 @@ namespace lumnis {
 
 void WscStringAndIntHandler::getAsMultiByteInteger(unsigned int theValue,
                                                    CpsString& theOutput) const {
+    if (theValue < 0x80) {
+        theOutput += static_cast<char>(theValue);
+        return;
+    }
     int shift = 28;
     while (shift > 0 && (theValue >> shift) == 0) {
         shift -= 7;
