@@ -15,6 +15,7 @@ class WscPragmaInfo {
     virtual void writeByteCodeInformation(CpsString& theOutput) const = 0;
 };
 
+// "Acess" is the name that is in use everywhere: not to be repaired.
 class WscPragmaAcessDomain final : public WscPragmaInfo {
   public:
     explicit WscPragmaAcessDomain(std::uint32_t theDomain) : domainM(theDomain) {}
