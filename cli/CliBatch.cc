@@ -15,8 +15,8 @@
 #include "CliOrder.h"
 #include "CliOutput.h"
 #include "CliProgress.h"
-#include "CliText.h"
 #include "CliWatcher.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

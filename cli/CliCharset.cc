@@ -7,8 +7,8 @@
 #include "CcCharsetConverter.h"
 #include "CliError.h"
 #include "CliSuggestion.h"
-#include "CliText.h"
 #include "HedCharsetMap.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

@@ -9,7 +9,7 @@
 #include <utility>
 
 #include "CliMessages.h"
-#include "CliText.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

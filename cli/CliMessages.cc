@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "CliMessageTables.h"
-#include "CliText.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

@@ -8,7 +8,7 @@
 #include "CliDiagnostics.h"
 #include "CliError.h"
 #include "CliOutput.h"
-#include "CliText.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

@@ -4,7 +4,7 @@
 #include <numeric>
 #include <utility>
 
-#include "CliText.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

@@ -5,7 +5,7 @@
 #include <cstdio>
 
 #include "CliCharset.h"
-#include "CliText.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

@@ -10,11 +10,11 @@
 #include "CliError.h"
 #include "CliHelp.h"
 #include "CliSuggestion.h"
-#include "CliText.h"
 #include "CliXmlNotes.h"
 #include "CliXmlSource.h"
 #include "HedCharsetMap.h"
 #include "HedMediaTypeMap.h"
+#include "PrintableText.h"
 #include "WmlEncodeDriver.h"
 
 namespace lumnis {

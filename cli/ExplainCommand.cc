@@ -9,7 +9,7 @@
 #include "CliHelp.h"
 #include "CliMessages.h"
 #include "CliOutput.h"
-#include "CliText.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

@@ -13,12 +13,12 @@
 #include "CliHelp.h"
 #include "CliOutput.h"
 #include "CliSuggestion.h"
-#include "CliText.h"
 #include "CompileCommand.h"
 #include "CompletionsCommand.h"
 #include "DumpCommand.h"
 #include "EncodeCommand.h"
 #include "ExplainCommand.h"
+#include "PrintableText.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <iterator>
 
 #include "CcCharsetConverter.h"
-#include "CliText.h"
 #include "HedCharsetMap.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

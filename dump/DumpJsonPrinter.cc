@@ -1,5 +1,5 @@
-#include "CliText.h"
 #include "DumpPrinter.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

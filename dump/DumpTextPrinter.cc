@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "CliText.h"
 #include "DumpPrinter.h"
+#include "PrintableText.h"
 
 namespace lumnis {
 

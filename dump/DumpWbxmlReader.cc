@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "CliText.h"
 #include "DumpVocabulary.h"
+#include "PrintableText.h"
 #include "XaWbxmlToken.h"
 
 namespace lumnis {

@@ -67,7 +67,7 @@ for source in files:
 if "--missed" in sys.argv:
     print("\n".join(missed) + "\n")
 print("folder      lines             branches")
-for folder in ["cps", "fw", "cc", "wsc", "xp", "xa", "wml", "entry", "dump", "cli", "all"]:
+for folder in ["text", "cps", "fw", "cc", "wsc", "xp", "xa", "wml", "entry", "dump", "cli", "all"]:
     lines, all_lines, branches, all_branches = counts[folder]
     print("%-8s %6.1f %% of %5d %6.1f %% of %5d" % (
         folder, 100.0 * lines / max(1, all_lines), all_lines,

@@ -1,4 +1,4 @@
-#include "CliText.h"
+#include "PrintableText.h"
 
 #include <cstdint>
 #include <cstdio>
