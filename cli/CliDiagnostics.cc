@@ -20,10 +20,9 @@ constexpr std::size_t theLongestShownLine = 240;
 // Of a longer line this much is shown in front of the marked place.
 constexpr std::size_t theShownBefore = 80;
 
-// The first byte of the character that thePosition is in.
+// The first byte of the character that thePosition, a place in theText, is in.
 std::size_t characterStart(std::string_view theText, std::size_t thePosition) {
-    while (thePosition > 0 && thePosition < theText.size() &&
-           (static_cast<unsigned char>(theText[thePosition]) & 0xC0) == 0x80) {
+    while (thePosition > 0 && (static_cast<unsigned char>(theText[thePosition]) & 0xC0) == 0x80) {
         --thePosition;
     }
     return thePosition;
@@ -139,13 +138,10 @@ CliDiagnostic sourceDiagnostic(std::string theFile, std::string_view theMessage,
     if (theMessage.substr(0, head.size()) == head) {
         int line = 0;
         const char* const end = theMessage.data() + theMessage.size();
-        const auto [rest, error] = std::from_chars(theMessage.data() + head.size(), end, line);
-        const std::string_view behind(rest, static_cast<std::size_t>(end - rest));
-        if (error == std::errc() && line > 0 && behind.substr(0, tail.size()) == tail) {
-            result.line = line;
-            result.sourceLine = sourceLineAt(theSource, line);
-            theMessage = behind.substr(tail.size());
-        }
+        const char* const rest = std::from_chars(theMessage.data() + head.size(), end, line).ptr;
+        result.line = line;
+        result.sourceLine = sourceLineAt(theSource, line);
+        theMessage.remove_prefix(static_cast<std::size_t>(rest - theMessage.data()) + tail.size());
     }
     result.message = theMessage;
     return result;

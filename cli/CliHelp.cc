@@ -27,9 +27,6 @@ class HelpFormatter : public CLI::Formatter {
     std::string make_help(const CLI::App* theApp, std::string theName,
                           CLI::AppFormatMode theMode) const override {
         std::string text = CLI::Formatter::make_help(theApp, std::move(theName), theMode);
-        if (theMode == CLI::AppFormatMode::Sub) {
-            return text;
-        }
         // Exactly one line end behind the last line.
         text.erase(text.find_last_not_of('\n') + 1);
         return examplesM + "\n" + text + "\n\n" + theExitStatuses;

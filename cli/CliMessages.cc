@@ -113,21 +113,13 @@ std::span<const CliMessageRow> messageRows() {
 }
 
 std::string_view roadName(CliMessageRoad theRoad) {
-    switch (theRoad) {
-        case CliMessageRoad::script:
-            return "Scripts";
-        case CliMessageRoad::deck:
-            return "Decks";
-        case CliMessageRoad::xml:
-            return "XML documents, decks among them";
-        case CliMessageRoad::charset:
-            return "Charsets";
-        case CliMessageRoad::dump:
-            return "Files that are dumped";
-        case CliMessageRoad::tool:
-            break;
-    }
-    return "The command line";
+    constexpr std::string_view theNames[] = {"Scripts",
+                                             "Decks",
+                                             "XML documents, decks among them",
+                                             "Charsets",
+                                             "Files that are dumped",
+                                             "The command line"};
+    return theNames[static_cast<std::size_t>(theRoad)];
 }
 
 bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool isPart,
@@ -173,7 +165,7 @@ std::vector<const CliMessageRow*> findMessages(std::string_view theText) {
             }
         }
     }
-    if (found.empty() && !theText.empty()) {
+    if (found.empty()) {
         for (const CliMessageRow& row : messageRows()) {
             if (containsWithoutCase(row.text, theText)) {
                 found.push_back(&row);
@@ -184,10 +176,9 @@ std::vector<const CliMessageRow*> findMessages(std::string_view theText) {
 }
 
 CliSpan markedPlace(std::string_view theMessage, std::string_view theSourceLine) {
-    // A message may frame another one.
-    constexpr int theDeepestFrame = 3;
-    for (int depth = 0; depth < theDeepestFrame; ++depth) {
-        const std::vector<std::string_view> names = namesOf(theMessage);
+    // A message may frame another one, which is shorter.
+    for (std::vector<std::string_view> names = namesOf(theMessage); !names.empty();
+         names = namesOf(theMessage)) {
         if (const CliSpan tag = markedEndTag(theMessage, names, theSourceLine); tag.length > 0) {
             return tag;
         }
@@ -198,9 +189,6 @@ CliSpan markedPlace(std::string_view theMessage, std::string_view theSourceLine)
             if (at != std::string_view::npos) {
                 return {at, word.size()};
             }
-        }
-        if (names.empty()) {
-            break;
         }
         theMessage = names.back();
     }

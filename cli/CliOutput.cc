@@ -187,7 +187,8 @@ void prepareOutput() {
     for (const int signal : theEndingSignals) {
         struct sigaction action {};
         // What the parent has ignored (nohup) stays ignored.
-        if (sigaction(signal, nullptr, &action) == 0 && action.sa_handler != SIG_IGN) {
+        sigaction(signal, nullptr, &action);
+        if (action.sa_handler != SIG_IGN) {
             action.sa_handler = removeTemporary;
             action.sa_flags = static_cast<int>(SA_RESETHAND);
             sigfillset(&action.sa_mask);

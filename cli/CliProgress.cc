@@ -17,8 +17,9 @@ namespace {
 constexpr std::size_t theManyFiles = 8;
 
 std::size_t terminalWidth() {
-    winsize size{};
-    return ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col != 0 ? size.ws_col : 80u;
+    winsize size{};  // stays so where nobody knows
+    ioctl(STDERR_FILENO, TIOCGWINSZ, &size);
+    return size.ws_col != 0 ? size.ws_col : 80u;
 }
 
 void print(const std::string& theText) {

@@ -49,7 +49,7 @@ std::string_view nearestName(std::string_view theName,
     std::size_t best = std::max<std::size_t>(1, (theName.size() - marks) / 3) + 1;
     for (const std::string_view known : theKnown) {
         const std::size_t distance = editDistance(theName, known);
-        if (distance < best && distance < known.size()) {
+        if (distance < best) {
             best = distance;
             nearest = known;
         }

@@ -129,7 +129,7 @@ std::optional<CliTextFault> convertXmlSource(CpsString& theSource) {
         }
     }
     const std::string encoding(declaredEncoding(source));
-    if (encoding.empty() || source.starts_with("\xEF\xBB\xBF")) {
+    if (encoding.empty()) {  // as it is behind a byte order mark
         std::string message;
         convertSource(theSource, theUtf8Charset, message);
         return std::nullopt;

@@ -108,9 +108,7 @@ std::string page() {
             text += "\n## " + std::string(roadName(row.road)) + "\n";
         }
         last = &row;
-        const bool hasTick = row.text.find('`') != std::string_view::npos;
-        text += "\n### `" + std::string(hasTick ? "`" : "") + shownText(row.text) +
-                (hasTick ? "`" : "") + "`\n\n" + plainMarkdown(row.meaning) +
+        text += "\n### `" + shownText(row.text) + "`\n\n" + plainMarkdown(row.meaning) +
                 "\n\nWhy: " + plainMarkdown(row.cause) + "\n";
         if (!row.broken.empty()) {
             text += "\nRefused:\n\n" + indented(row.broken, "    ") + "\nRepaired:\n\n" +

@@ -91,7 +91,7 @@ int run(int theCount, char** theArguments) {
                                       suggestionFor(rest.front(), app);
         } else if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
             const std::vector<std::string> rest = app.remaining(true);
-            text += rest.empty() ? "" : suggestionFor(rest.front(), *app.get_subcommands().front());
+            text += suggestionFor(rest.front(), *app.get_subcommands().front());
         }
         text.erase(text.find_last_not_of('\n') + 1);
         return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");

@@ -37,6 +37,9 @@ int theEventFile = -1;
 // Writes what a build for coverage has counted; other builds do not have it.
 extern "C" [[gnu::weak]] int __llvm_profile_write_file();
 
+// support/failing_calls.c: "CALL:N:ERRNO,..." fails from here on.
+extern "C" void fail_calls(const char* thePlans);
+
 // Stands in front of the system's function: one line "PRIORITY TEXT" for an event.
 extern "C" void syslog(int thePriority, const char* theFormat, ...) {
     va_list arguments;
@@ -365,6 +368,86 @@ TEST_F(ApplicationLog, SettingsThatCannotBeReadAreNoHarm) {
     }
 }
 
+TEST_F(ApplicationLog, ASystemThatFailsIsNoHarm) {
+    const std::string connect = std::string(theBadConfiguration) +
+                                "Unable to connect to registry on local mashine. System message: ";
+    struct Row {
+        const char* plans;
+        std::string log;
+        std::string events;
+    };
+    const std::string lines = theNestedLines;
+    const Row rows[] = {
+        {"fstat:1:EIO", "", connect + "Input/output error\n"},
+        {"read:1:EIO", "", connect + "Input/output error\n"},
+        {"read:1:EINTR", lines, ""},
+        {"open=/log:1:EMFILE", "", ""},
+        {"write:1:EINTR", lines, ""},
+        {"write:1:ENOSPC", lines.substr(lines.find('\n') + 1), ""},
+        // A line is written without the mutex, too.
+        {"open=lumnisutil.App:1+:EACCES", lines, ""},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(run([&] {
+                      fail_calls(row.plans);
+                      nest();
+                      fail_calls(nullptr);
+                  }),
+                  0);
+        EXPECT_EQ(log(), row.log) << row.plans;
+        EXPECT_EQ(events(), row.events) << row.plans;
+        fs::remove(folderM / "log");
+        fs::remove(folderM / "events");
+    }
+}
+
+TEST_F(ApplicationLog, TakesNoStandardStreamForItsFile) {
+    EXPECT_EQ(run([] {
+                  close(STDIN_FILENO);
+                  nest();
+                  leave(fcntl(STDIN_FILENO, F_GETFD) == -1 ? 0 : 1);
+              }),
+              0);
+    EXPECT_EQ(log(), theNestedLines);
+}
+
+TEST_F(ApplicationLog, NeedsADestinationAndKnowsEachColumn) {
+    const auto debugLine = [] { FwApplicationLog::instance().debug("text"); };
+    change({{"Destination/File", "0"}});
+    EXPECT_EQ(run(nest), 0);
+    EXPECT_FALSE(fs::exists(folderM / "log"));
+    change({{"Destination/File", "0"}, {"Destination/StdErr", "1"}});
+    EXPECT_EQ(run(nest), 0);
+    EXPECT_FALSE(fs::exists(folderM / "log"));
+    EXPECT_EQ(standardError(), theNestedLines);
+    struct Row {
+        const char* column;
+        const char* form;
+    };
+    const Row rows[] = {{"Columns/Date", "[0-9]{4}-[0-9]{2}-[0-9]{2}   , text\n"},
+                        {"Columns/Time", "[0-9:.]{12}   , text\n"},
+                        {"Columns/ProcessName", "PNAME:    , text\n"}};
+    for (const Row& row : rows) {
+        change({{row.column, "1"}});
+        EXPECT_EQ(run([&] {
+                      fail_calls("opendir:1:EMFILE");  // no list of processes, no name
+                      debugLine();
+                      fail_calls(nullptr);
+                  }),
+                  0);
+        EXPECT_TRUE(matches(log(), row.form)) << log();
+        fs::remove(folderM / "log");
+    }
+    EXPECT_EQ(run([&] {
+                  setenv("LUMNISUTIL_SETTINGS", "", 1);  // as if it were not set
+                  fail_calls("open=/etc/lumnisutil.conf:1+:ENOENT");
+                  debugLine();
+                  fail_calls(nullptr);
+              }),
+              0);
+    EXPECT_TRUE(matches(events(), ".*Unable to open registry key.*\n")) << events();
+}
+
 TEST_F(ApplicationLog, AFullDiskIsNoHarm) {
     change({{"File/Directory", "/dev"}, {"File/Name", "full"}});
     EXPECT_EQ(run(nest), 0);
@@ -531,6 +614,37 @@ TEST(FwNamedMutex, SurvivesItsHolderAndDoesNotWaitForever) {
     const FwNamedMutex mutex("HolderTest");
     EXPECT_TRUE(mutex.isHeld());
     EXPECT_TRUE(FwNamedMutex("OtherTest").isHeld());
+}
+
+// Somebody may tidy the file away, or the folder may be missing.
+TEST(FwNamedMutex, IsHeldWhereTheSystemLetsIt) {
+    struct Row {
+        const char* plans;
+        bool isHeld;
+    };
+    const Row rows[] = {
+        {"", true},
+        {"flock:1:EINTR", true},
+        {"flock:1+:ENOLCK", false},
+        {"open=FailingTest:1+:EACCES", false},
+        {"open=FailingTest:1:ENOENT", true},  // made by another process since
+        {"open=FailingTest:1+:ENOENT", false},
+        {"fstat:1:EIO", true},
+        {"lstat:1:ENOENT", true},
+        {"lstat:1+:ENOENT", false},
+        {"stat:1:ENOENT", true},
+    };
+    for (const Row& row : rows) {
+        fail_calls(row.plans);
+        const FwNamedMutex mutex("FailingTest");
+        fail_calls(nullptr);
+        EXPECT_EQ(mutex.isHeld(), row.isHeld) << row.plans;
+    }
+    for (const char* folder : {"/dev/shm/", "/tmp/"}) {
+        fs::remove(std::string(folder) + "lumnisutil.FailingTest");
+    }
+    EXPECT_TRUE(FwNamedMutex("FailingTest").isHeld());
+    fs::remove("/dev/shm/lumnisutil.FailingTest");
 }
 
 TEST(FwRegistry, HasOneMachineOnly) {

@@ -9,7 +9,8 @@
 //
 // A section that is left out stands for no output, or status 0. The script finds the program as
 // "lumnis", the source tree as $TREE, tests/cases as $CASES, and the files of tests/cases/cli/setup
-// in its folder.
+// in its folder. "failing CALL:N:ERRNO COMMAND" runs a command whose N-th call of CALL fails
+// (support/failing_calls.c).
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -117,6 +118,7 @@ int main(int theCount, char** theArguments) {
     setenv("PATH", (std::string(LUMNIS_PROGRAMS ":") + (path == nullptr ? "" : path)).c_str(), 1);
     setenv("TREE", LUMNIS_TREE, 1);
     setenv("CASES", LUMNIS_CASES, 1);
+    setenv("FAILING_LIBRARY", LUMNIS_FAILING_LIBRARY, 1);
     setenv("LC_ALL", "C", 1);
     for (const char* const name : {"NO_COLOR", "TERM", "COLUMNS"}) {
         unsetenv(name);

@@ -60,7 +60,8 @@ CliWatcher::CliWatcher(const std::vector<std::string>& thePaths) {
     }
     struct sigaction action {};
     // What the parent has ignored (a shell, for jobs in the background) stays ignored.
-    if (sigaction(SIGINT, nullptr, &action) == 0 && action.sa_handler != SIG_IGN) {
+    sigaction(SIGINT, nullptr, &action);
+    if (action.sa_handler != SIG_IGN) {
         sigset_t interrupt;
         sigemptyset(&interrupt);
         sigaddset(&interrupt, SIGINT);
