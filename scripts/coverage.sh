@@ -13,7 +13,7 @@ cd "$(dirname "$0")/.."
 build=build/coverage
 
 cmake --preset coverage >/dev/null
-cmake --build --preset coverage
+cmake --build --preset coverage >&2
 rm -rf $build/profiles
 mkdir -m 777 $build/profiles
 umask 0  # some tests change their user, who writes counts as well
@@ -22,7 +22,7 @@ umask 0  # some tests change their user, who writes counts as well
 # installation build everything anew and reach nothing more.
 LLVM_PROFILE_FILE=$PWD/$build/profiles/%4m.profraw \
     GTEST_FILTER='-*a_file_size_limit*:*AFileSizeLimit*' \
-    ctest --preset coverage -j "$(nproc)" --timeout 1800 -E '^(install|editors_and_builds)$' -Q ||
+    ctest --preset coverage -j "$(nproc)" --timeout 1800 -E '^(install|editors_and_builds)$' -Q >&2 ||
     echo "Some tests have failed; see $build/Testing/Temporary/LastTestsFailed.log."
 
 llvm-profdata merge -o $build/tests.profdata $build/profiles/*.profraw

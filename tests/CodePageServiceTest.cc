@@ -158,6 +158,33 @@ TEST(CodePageService, AskForMoreRoomThanThereIsAndNothingIsUsable) {
     }
 }
 
+TEST(CodePageService, StopsAtWhatDoesNotFitWhateverComesBehind) {
+    using Result = FwCodePageConverter::Result;
+    struct Row {
+        std::uint32_t source;
+        std::uint32_t destination;
+        std::string_view text;  // its first character takes one byte or more
+    };
+    const Row rows[] = {
+        {65001, 65001, "a\xFFz"},         {28591, 65001, "\xE9\xE9z"}, {28591, 65001, "a\xE9z"},
+        {932, 65001, "\xFF\xFFz"},        {50221, 65001, "abc"},       {50225, 65001, "abc"},
+        {65001, 932, "\xFF\xFF\xFFz"},    {65001, 50221, "abc"},       {65001, 50225, "abc"},
+        {65001, 1252, "\xE6\x97\xA5zzz"}, {1252, 65001, "\x81\x81z"},
+    };
+    const auto service = FwCodePageConverter::create();
+    for (const Row& row : rows) {
+        SCOPED_TRACE(row.text);
+        ASSERT_EQ(service->initialize(row.source, row.destination), Result::converted);
+        char buffer[2] = {'?', '?'};
+        std::size_t size = 99;
+        EXPECT_EQ(service->convert(row.text, {buffer, 0}, size), Result::failed);
+        EXPECT_EQ(size, 0u);
+        EXPECT_EQ(buffer[0], '?');
+        EXPECT_EQ(service->convert(row.text, {buffer, 1}, size), Result::failed);
+        EXPECT_EQ(buffer[1], '?');
+    }
+}
+
 // Runs of ASCII of every length, since those are copied in words.
 TEST(CodePageService, Latin1IsTheBeginningOfUnicode) {
     const auto converter = FwCodePageConverter::create();
