@@ -1,9 +1,10 @@
 #!/bin/sh
-# Installs what the build and the tests need and this Debian does not have yet. Asks nothing.
+# install-dependencies.sh [PACKAGE...]: installs what the build and the tests need, and the packages
+# named, if this Debian does not have it yet. Asks nothing.
 set -eu
 
 packages="cmake ninja-build make g++ clang bison re2c ccache libcli11-dev libgtest-dev libgmock-dev
-libbenchmark-dev liblua5.4-dev libmujs-dev duktape-dev libxml2-dev libexpat1-dev pkg-config"
+libbenchmark-dev liblua5.4-dev libmujs-dev duktape-dev libxml2-dev libexpat1-dev pkg-config $*"
 
 is_installed() {
     status=$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null) && [ "$status" = installed ]
