@@ -49,7 +49,7 @@ constexpr std::string_view theDecks[] = {
 &#8364;&shy;<big><i><small><strong><u>x</u></strong></small></i></big></p></card></wml>)deck",
     R"deck(<!DOCTYPE wta-wml PUBLIC "-//WAPFORUM//DTD WTA-WML 1.2//EN" "x">
 <wta-wml><card><onevent type="wtaev-cc/ic"><go href="wtai://wp/mc;123"/></onevent><p>x</p></card></wta-wml>)deck",
-};  // namespace
+};
 
 constexpr std::string_view thePieces[] = {
     "<p>",
