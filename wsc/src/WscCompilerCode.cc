@@ -1,5 +1,5 @@
-// The code of a function, from the calls of the tree's nodes to the instructions that go into the
-// file.
+// The part of WscCompilerData that makes the code of a function: from what the tree's nodes ask for
+// to the instructions that go into the file, each in the shortest form that its operands fit.
 #include <stdexcept>
 
 #include "FwTraceScope.h"
@@ -13,6 +13,9 @@
 namespace lumnis {
 
 namespace {
+
+// The largest operand of a form with a byte of its own.
+constexpr int theMaxByte = 255;
 
 void requireRange(int theValue, int theMaximum, const char* theMessage) {
     if (theValue < 0 || theValue > theMaximum) {
@@ -32,13 +35,25 @@ void WscCompilerData::startFunctionCode() {
     firstLabelM = nextLabelM;
 }
 
-template <class Instruction, class... Operands>
+template <class Instruction, WscOperands theForm, class... Operands>
 void WscCompilerData::emit(WscOpcode theOpcode, Operands... theOperands) {
-    codeM.append<Instruction>(theOpcode, theOperands...);
+    codeM.append<Instruction>(theOpcode, sizeOf(theForm), theOperands...);
+}
+
+void WscCompilerData::emitShort(WscOpcode theOpcode, int theOperand) {
+    emit<WscShortInstruction, WscOperands::Short>(theOpcode, static_cast<std::uint8_t>(theOperand));
+}
+
+void WscCompilerData::emitByte(WscOpcode theOpcode, int theOperand) {
+    emit<WscMediumInstruction, WscOperands::Byte>(theOpcode, static_cast<std::uint8_t>(theOperand));
+}
+
+void WscCompilerData::emitWord(WscOpcode theOpcode, int theOperand) {
+    emit<WscWideInstruction, WscOperands::Word>(theOpcode, static_cast<std::uint16_t>(theOperand));
 }
 
 void WscCompilerData::generate(WscOpcode theOpcode) {
-    emit<WscNormalInstruction>(theOpcode, std::uint8_t{1});
+    emit<WscNormalInstruction, WscOperands::None>(theOpcode);
 }
 
 void WscCompilerData::generateOperator(int theOperator) {
@@ -84,10 +99,9 @@ void WscCompilerData::generateOperator(int theOperator) {
     }
 }
 
-// The form with the variable in a byte of its own, which every number fits.
 void WscCompilerData::emitWithVariable(WscOpcode theOpcode, int theVarNo) {
     requireRange(theVarNo, theMaxVariableNumber, "Internal error: Wrong variable number");
-    emit<WscMediumInstruction>(theOpcode, std::uint8_t{2}, static_cast<std::uint8_t>(theVarNo));
+    emitByte(theOpcode, theVarNo);
 }
 
 void WscCompilerData::generateAddAssign(int theVarNo) {
@@ -99,27 +113,24 @@ void WscCompilerData::generateSubAssign(int theVarNo) {
 }
 
 void WscCompilerData::generateLoadVar(int theVarNo) {
-    if (theVarNo >= 0 && theVarNo <= 31) {
-        emit<WscShortInstruction>(WscOpcode::LoadVarS, std::uint8_t{1},
-                                  static_cast<std::uint8_t>(theVarNo));
+    if (fitsShortForm<WscOpcode::LoadVarS>(theVarNo)) {
+        emitShort(WscOpcode::LoadVarS, theVarNo);
     } else {
         emitWithVariable(WscOpcode::LoadVar, theVarNo);
     }
 }
 
 void WscCompilerData::generateStoreVar(int theVarNo) {
-    if (theVarNo >= 0 && theVarNo <= 15) {
-        emit<WscShortInstruction>(WscOpcode::StoreVarS, std::uint8_t{1},
-                                  static_cast<std::uint8_t>(theVarNo));
+    if (fitsShortForm<WscOpcode::StoreVarS>(theVarNo)) {
+        emitShort(WscOpcode::StoreVarS, theVarNo);
     } else {
         emitWithVariable(WscOpcode::StoreVar, theVarNo);
     }
 }
 
 void WscCompilerData::generateIncrVar(int theVarNo) {
-    if (theVarNo >= 0 && theVarNo <= 7) {
-        emit<WscShortInstruction>(WscOpcode::IncrVarS, std::uint8_t{1},
-                                  static_cast<std::uint8_t>(theVarNo));
+    if (fitsShortForm<WscOpcode::IncrVarS>(theVarNo)) {
+        emitShort(WscOpcode::IncrVarS, theVarNo);
     } else {
         emitWithVariable(WscOpcode::IncrVar, theVarNo);
     }
@@ -167,25 +178,21 @@ void WscCompilerData::generateFloat(float theValue) {
 
 void WscCompilerData::generateLoadConst(int theConstNo) {
     requireRange(theConstNo, theMaxConstIndex, "Internal error: Wrong const number");
-    if (theConstNo <= 15) {
-        emit<WscShortInstruction>(WscOpcode::LoadConstS, std::uint8_t{1},
-                                  static_cast<std::uint8_t>(theConstNo));
-    } else if (theConstNo <= 255) {
-        emit<WscMediumInstruction>(WscOpcode::LoadConst, std::uint8_t{2},
-                                   static_cast<std::uint8_t>(theConstNo));
+    if (fitsShortForm<WscOpcode::LoadConstS>(theConstNo)) {
+        emitShort(WscOpcode::LoadConstS, theConstNo);
+    } else if (theConstNo <= theMaxByte) {
+        emitByte(WscOpcode::LoadConst, theConstNo);
     } else {
-        emit<WscWideInstruction>(WscOpcode::LoadConstW, std::uint8_t{3},
-                                 static_cast<std::uint16_t>(theConstNo));
+        emitWord(WscOpcode::LoadConstW, theConstNo);
     }
 }
 
 void WscCompilerData::generateLocalCall(int theFuncNo) {
-    requireRange(theFuncNo, 255, "Internal error: Wrong function number");
-    const auto function = static_cast<std::uint8_t>(theFuncNo);
-    if (theFuncNo <= 7) {
-        emit<WscShortInstruction>(WscOpcode::CallS, std::uint8_t{1}, function);
+    requireRange(theFuncNo, theMaxByte, "Internal error: Wrong function number");
+    if (fitsShortForm<WscOpcode::CallS>(theFuncNo)) {
+        emitShort(WscOpcode::CallS, theFuncNo);
     } else {
-        emit<WscMediumInstruction>(WscOpcode::Call, std::uint8_t{2}, function);
+        emitByte(WscOpcode::Call, theFuncNo);
     }
 }
 
@@ -194,14 +201,14 @@ void WscCompilerData::generateExternalCall(int theUrlNo, int theFuncNo, unsigned
     requireRange(theUrlNo, theMaxConstIndex, message);
     requireRange(theFuncNo, theMaxConstIndex, message);
     const auto arguments = static_cast<std::uint8_t>(theArgumentCount);
-    if (theUrlNo <= 255 && theFuncNo <= 255) {
-        emit<WscCallUrlMediumInstruction>(WscOpcode::CallUrl, std::uint8_t{4},
-                                          static_cast<std::uint8_t>(theUrlNo),
-                                          static_cast<std::uint8_t>(theFuncNo), arguments);
+    if (theUrlNo <= theMaxByte && theFuncNo <= theMaxByte) {
+        emit<WscCallUrlMediumInstruction, WscOperands::UrlByte>(
+            WscOpcode::CallUrl, static_cast<std::uint8_t>(theUrlNo),
+            static_cast<std::uint8_t>(theFuncNo), arguments);
     } else {
-        emit<WscCallUrlWideInstruction>(WscOpcode::CallUrlW, std::uint8_t{6},
-                                        static_cast<std::uint16_t>(theUrlNo),
-                                        static_cast<std::uint16_t>(theFuncNo), arguments);
+        emit<WscCallUrlWideInstruction, WscOperands::UrlWord>(
+            WscOpcode::CallUrlW, static_cast<std::uint16_t>(theUrlNo),
+            static_cast<std::uint16_t>(theFuncNo), arguments);
     }
 }
 
@@ -215,29 +222,32 @@ bool WscCompilerData::generateLibraryCall(std::string_view theLibrary, std::stri
         return false;
     }
     const auto functionId = static_cast<std::uint8_t>(function);
-    if (library <= 255 && function <= 7) {
-        emit<WscCallLibShortInstruction>(WscOpcode::CallLibS, std::uint8_t{2}, functionId,
-                                         static_cast<std::uint8_t>(library));
-    } else if (library <= 255) {
-        emit<WscCallLibMediumInstruction>(WscOpcode::CallLib, std::uint8_t{3}, functionId,
-                                          static_cast<std::uint8_t>(library));
+    if (library > theMaxByte) {
+        emit<WscCallLibWideInstruction, WscOperands::LibraryWord>(
+            WscOpcode::CallLibW, functionId, static_cast<std::uint16_t>(library));
+        return true;
+    }
+    const auto libraryId = static_cast<std::uint8_t>(library);
+    if (fitsShortForm<WscOpcode::CallLibS>(function)) {
+        emit<WscCallLibShortInstruction, WscOperands::LibraryShort>(WscOpcode::CallLibS, functionId,
+                                                                    libraryId);
     } else {
-        emit<WscCallLibWideInstruction>(WscOpcode::CallLibW, std::uint8_t{4}, functionId,
-                                        static_cast<std::uint16_t>(library));
+        emit<WscCallLibMediumInstruction, WscOperands::LibraryByte>(WscOpcode::CallLib, functionId,
+                                                                    libraryId);
     }
     return true;
 }
 
 void WscCompilerData::generateJump(int theLabel) {
-    emit<WscFlowInstruction>(WscOpcode::PseudoJump, static_cast<std::uint32_t>(theLabel));
+    codeM.append<WscFlowInstruction>(WscOpcode::PseudoJump, static_cast<std::uint32_t>(theLabel));
 }
 
 void WscCompilerData::generateTJump(int theLabel) {
-    emit<WscFlowInstruction>(WscOpcode::PseudoTjump, static_cast<std::uint32_t>(theLabel));
+    codeM.append<WscFlowInstruction>(WscOpcode::PseudoTjump, static_cast<std::uint32_t>(theLabel));
 }
 
 void WscCompilerData::generateLabel(int theLabel) {
-    emit<WscFlowInstruction>(WscOpcode::PseudoLabel, static_cast<std::uint32_t>(theLabel));
+    codeM.append<WscFlowInstruction>(WscOpcode::PseudoLabel, static_cast<std::uint32_t>(theLabel));
 }
 
 std::int64_t WscCompilerData::stopFunctionCode(const WscName& theName, unsigned theNoOfVariables) {

@@ -160,11 +160,21 @@ class WscCompilerData {
   private:
     static constexpr int theMaxVariableNumber = 255;
     static constexpr int theMaxConstIndex = 65535;
+    // Enough for the constants of a small unit.
+    static constexpr std::size_t theFirstConstants = 32;
 
     struct LoopLabels {
         int continueLabel;
         int breakLabel;
     };
+    // For what lives in an arena: ends it and leaves its memory.
+    struct Destroy {
+        void operator()(WscLiteralInfo* theConstant) const noexcept {
+            theConstant->~WscLiteralInfo();
+        }
+    };
+    using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
+
     // Makes a constant and gives it the next index.
     template <class Literal, class Value>
     Literal& appendConst(const Value& theValue);
@@ -173,8 +183,13 @@ class WscCompilerData {
     template <class Literal>
     int addText(CpsNumberTable<std::string_view>& theKnown, std::string_view theText);
     int nextConstIndex() const noexcept;
-    template <class Instruction, class... Operands>
+    template <class Instruction, WscOperands theForm, class... Operands>
     void emit(WscOpcode theOpcode, Operands... theOperands);
+    // One operand: in the low bits of the opcode, in a byte or in two of its own.
+    void emitShort(WscOpcode theOpcode, int theOperand);
+    void emitByte(WscOpcode theOpcode, int theOperand);
+    void emitWord(WscOpcode theOpcode, int theOperand);
+    // In a byte of its own, which has room for the number of every variable.
     void emitWithVariable(WscOpcode theOpcode, int theVarNo);
     // The constants that the charset concerns, by index.
     std::vector<WscLiteralStringExtern*> externStrings() const;
@@ -204,19 +219,10 @@ class WscCompilerData {
     bool hasAccessDomainM = false;
     bool hasAccessPathM = false;
 
-    // For what lives in an arena: ends it and leaves its memory.
-    struct Destroy {
-        void operator()(WscLiteralInfo* theConstant) const noexcept {
-            theConstant->~WscLiteralInfo();
-        }
-    };
-    using Constant = std::unique_ptr<WscLiteralInfo, Destroy>;
-    // Enough for the constants of a small unit.
-    static constexpr std::size_t theFirstConstants = 32;
     alignas(8) std::byte firstConstantsM[theFirstConstants * sizeof(WscLiteralInt32)];
     FwArena constantMemoryM{firstConstantsM};
     std::vector<Constant> constantsM;  // by index; they live in constantMemoryM
-    // The index of each constant by its value; a text looks at its constant's own.
+    // The index of each constant by its value; the texts are views of the constants' own.
     CpsNumberTable<std::uint32_t> intConstantsM;
     CpsNumberTable<std::uint32_t> floatConstantsM;  // by their bits
     CpsNumberTable<std::string_view> stringConstantsM;

@@ -247,6 +247,14 @@ constexpr const WscOpcodeInfo* findOpcode(std::uint8_t theValue) noexcept {
     return nullptr;
 }
 
+// Whether theOperand has room in the low bits of an instruction, in the opcode of a short form.
+template <WscOpcode theShortForm>
+constexpr bool fitsShortForm(int theOperand) noexcept {
+    constexpr int theLimit = findOpcode(valueOf(theShortForm))->operandLimit;
+    static_assert(theLimit != 0);
+    return theOperand >= 0 && theOperand <= theLimit;
+}
+
 // The operands of each opcode, by its value; none for a gap.
 constexpr std::array<WscOperands, 256> makeOperandsByOpcode() noexcept {
     std::array<WscOperands, 256> result{};
