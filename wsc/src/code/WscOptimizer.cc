@@ -12,49 +12,46 @@ namespace {
 
 using Action = WscOptimizer::Action;
 
-// Rule n is row n: count of the actions, in order.
 struct Rule {
     std::array<Action, 3> actions;
     std::size_t count;
 };
 
-constexpr std::array<Rule, 18> theRules = {{
-    // 0: both go
-    {{Action::DeleteFirstTwo}, 1},
-    // 1: only the middle one stays
-    {{Action::DeleteFirstAndThird}, 1},
-    // 2: a variable is stored into itself
-    {{Action::StopUnlessSecondHasIndex, Action::DeleteFirstTwo}, 2},
-    // 3: load, INCR, store of one variable
-    {{Action::StopUnlessThirdHasIndex, Action::DeleteFirstThree, Action::InsertIncrVar}, 3},
-    // 4: load, DECR, store of one variable
-    {{Action::StopUnlessThirdHasIndex, Action::DeleteFirstThree, Action::InsertDecrVar}, 3},
-    // 5: load, value, ADD, store of one variable
-    {{Action::StopUnlessFourthHasIndex, Action::DeleteAllButSecond,
-      Action::InsertAddAsgBehindFirst},
-     3},
-    // 6: load, value, SUB, store of one variable
-    {{Action::StopUnlessFourthHasIndex, Action::DeleteAllButSecond,
-      Action::InsertSubAsgBehindFirst},
-     3},
-    // 7 to 14: arithmetic with 1 and -1
-    {{Action::DeleteFirstTwo, Action::InsertDecr}, 2},
-    {{Action::DeleteFirstTwo, Action::InsertConstM1}, 2},
-    {{Action::TakeIndexOfSecond, Action::DeleteFirstTwo, Action::InsertDecrVar}, 3},
-    {{Action::DeleteFirstTwo, Action::InsertIncr}, 2},
-    {{Action::DeleteFirstTwo, Action::InsertConst1}, 2},
-    {{Action::DeleteFirstTwo, Action::InsertUminus}, 2},
-    {{Action::TakeIndexOfSecond, Action::DeleteFirstTwo, Action::InsertIncrVar}, 3},
-    {{Action::DeleteFirstTwo, Action::InsertAdd}, 2},
-    // 15: the first goes
-    {{Action::DeleteFirst}, 1},
-    // 16: only the first stays
-    {{Action::DeleteSecondAndThird}, 1},
-    // 17: the second goes
-    {{Action::DeleteSecond}, 1},
-}};
+template <class... Actions>
+constexpr Rule rule(Actions... theActions) noexcept {
+    return {{theActions...}, sizeof...(theActions)};
+}
 
-constexpr int theNoRule = -1;
+// What becomes of the instructions that a pattern names.
+constexpr Rule theFirstGoes = rule(Action::DeleteFirst);
+constexpr Rule theSecondGoes = rule(Action::DeleteSecond);
+constexpr Rule theFirstTwoGo = rule(Action::DeleteFirstTwo);
+constexpr Rule theFirstStays = rule(Action::DeleteSecondAndThird);
+constexpr Rule theSecondStays = rule(Action::DeleteFirstAndThird);
+// Load and store, if of one variable.
+constexpr Rule theSelfStoreGoes = rule(Action::StopUnlessSecondHasIndex, Action::DeleteFirstTwo);
+// Load, INCR or DECR, store, if of one variable.
+constexpr Rule theIncrVarStays =
+    rule(Action::StopUnlessThirdHasIndex, Action::DeleteFirstThree, Action::InsertIncrVar);
+constexpr Rule theDecrVarStays =
+    rule(Action::StopUnlessThirdHasIndex, Action::DeleteFirstThree, Action::InsertDecrVar);
+// Load, a value, ADD or SUB, store, if of one variable.
+constexpr Rule theAddAsgStays = rule(Action::StopUnlessFourthHasIndex, Action::DeleteAllButSecond,
+                                     Action::InsertAddAsgBehindFirst);
+constexpr Rule theSubAsgStays = rule(Action::StopUnlessFourthHasIndex, Action::DeleteAllButSecond,
+                                     Action::InsertSubAsgBehindFirst);
+// Two instructions that one can do.
+constexpr Rule theIncrDoes = rule(Action::DeleteFirstTwo, Action::InsertIncr);
+constexpr Rule theDecrDoes = rule(Action::DeleteFirstTwo, Action::InsertDecr);
+constexpr Rule theAddDoes = rule(Action::DeleteFirstTwo, Action::InsertAdd);
+constexpr Rule theUminusDoes = rule(Action::DeleteFirstTwo, Action::InsertUminus);
+constexpr Rule theConst1Does = rule(Action::DeleteFirstTwo, Action::InsertConst1);
+constexpr Rule theConstM1Does = rule(Action::DeleteFirstTwo, Action::InsertConstM1);
+// The same for 1 or -1 and SUB_ASG, whose variable it takes.
+constexpr Rule theIncrVarDoes =
+    rule(Action::TakeIndexOfSecond, Action::DeleteFirstTwo, Action::InsertIncrVar);
+constexpr Rule theDecrVarDoes =
+    rule(Action::TakeIndexOfSecond, Action::DeleteFirstTwo, Action::InsertDecrVar);
 
 // Which of the frame's four go, the first in the lowest bit.
 constexpr std::array<unsigned, 8> theDeletions = {0b0001, 0b0010, 0b0011, 0b0101,
@@ -64,7 +61,7 @@ constexpr bool isStoreVar(WscOpcode theOpcode) noexcept {
     return theOpcode == WscOpcode::StoreVar || theOpcode == WscOpcode::StoreVarS;
 }
 
-// What rules 5 and 6 take as the value. The small constants are not among them.
+// What ADD_ASG and SUB_ASG take as the value. The small constants are not among them.
 constexpr bool isLoad(WscOpcode theOpcode) noexcept {
     switch (theOpcode) {
         case WscOpcode::LoadVar:
@@ -84,39 +81,42 @@ constexpr bool isLoad(WscOpcode theOpcode) noexcept {
 
 // Patterns that begin with the load of a variable. isShort: by LOAD_VAR_S. A variable loaded by
 // LOAD_VAR is above 31 and so never stored by STORE_VAR_S.
-int findLoadVarRule(bool isShort, WscOpcode theSecond, WscOpcode theThird, WscOpcode theFourth) {
+const Rule* findLoadVarRule(bool isShort, WscOpcode theSecond, WscOpcode theThird,
+                            WscOpcode theFourth) {
     const auto storesBack = [isShort](WscOpcode theOpcode) {
         return isShort ? isStoreVar(theOpcode) : theOpcode == WscOpcode::StoreVar;
     };
     if (theSecond == WscOpcode::Pop) {
-        return 0;
+        return &theFirstTwoGo;
     }
     if (theThird == WscOpcode::Pop &&
         (theSecond == WscOpcode::IncrVar || theSecond == WscOpcode::IncrVarS ||
          theSecond == WscOpcode::DecrVar)) {
-        return 1;
+        return &theSecondStays;
     }
     if (storesBack(theSecond)) {
-        return 2;
+        return &theSelfStoreGoes;
     }
     if (theSecond == WscOpcode::Incr && storesBack(theThird)) {
-        return 3;
+        return &theIncrVarStays;
     }
     if (theSecond == WscOpcode::Decr && storesBack(theThird)) {
-        return 4;
+        return &theDecrVarStays;
     }
     if (isLoad(theSecond) && storesBack(theFourth)) {
         if (theThird == WscOpcode::Add) {
-            return 5;
+            return &theAddAsgStays;
         }
         if (theThird == WscOpcode::Sub) {
-            return 6;
+            return &theSubAsgStays;
         }
     }
-    return theNoRule;
+    return nullptr;
 }
 
-int findRule(WscOpcode theFirst, WscOpcode theSecond, WscOpcode theThird, WscOpcode theFourth) {
+// The rule of the one pattern that fits, or null.
+const Rule* findRule(WscOpcode theFirst, WscOpcode theSecond, WscOpcode theThird,
+                     WscOpcode theFourth) {
     switch (theFirst) {
         case WscOpcode::LoadVar:
         case WscOpcode::LoadVarS:
@@ -128,60 +128,62 @@ int findRule(WscOpcode theFirst, WscOpcode theSecond, WscOpcode theThird, WscOpc
         case WscOpcode::LoadConstS:
         case WscOpcode::ConstEs:
         case WscOpcode::ConstInvalid:
-            return theSecond == WscOpcode::Pop ? 0 : theNoRule;
+            return theSecond == WscOpcode::Pop ? &theFirstTwoGo : nullptr;
         case WscOpcode::ConstTrue:
         case WscOpcode::ConstFalse:
-            return theSecond == WscOpcode::Pop      ? 0
-                   : theSecond == WscOpcode::Tobool ? 17
-                                                    : theNoRule;
+            return theSecond == WscOpcode::Pop      ? &theFirstTwoGo
+                   : theSecond == WscOpcode::Tobool ? &theSecondGoes
+                                                    : nullptr;
         case WscOpcode::Const0:
             if (theSecond == WscOpcode::Pop || theSecond == WscOpcode::SubAsg) {
-                return 0;
+                return &theFirstTwoGo;
             }
-            return theSecond == WscOpcode::Uminus && theThird == WscOpcode::Uminus ? 16 : theNoRule;
+            return theSecond == WscOpcode::Uminus && theThird == WscOpcode::Uminus ? &theFirstStays
+                                                                                   : nullptr;
         case WscOpcode::Const1:
             switch (theSecond) {
                 case WscOpcode::Pop:
-                    return 0;
+                    return &theFirstTwoGo;
                 case WscOpcode::Sub:
-                    return 7;
+                    return &theDecrDoes;
                 case WscOpcode::Uminus:
-                    return 8;
+                    return &theConstM1Does;
                 case WscOpcode::SubAsg:
-                    return 9;
+                    return &theDecrVarDoes;
                 default:
-                    return theNoRule;
+                    return nullptr;
             }
         case WscOpcode::ConstM1:
             switch (theSecond) {
                 case WscOpcode::Pop:
-                    return 0;
+                    return &theFirstTwoGo;
                 case WscOpcode::Sub:
-                    return 10;
+                    return &theIncrDoes;
                 case WscOpcode::Uminus:
-                    return 11;
+                    return &theConst1Does;
                 case WscOpcode::Mul:
                 case WscOpcode::Div:
                 case WscOpcode::Idiv:
-                    return 12;
+                    return &theUminusDoes;
                 case WscOpcode::SubAsg:
-                    return 13;
+                    return &theIncrVarDoes;
                 default:
-                    return theNoRule;
+                    return nullptr;
             }
         case WscOpcode::Incr:
-            return theSecond == WscOpcode::Decr ? 0 : theNoRule;
+            return theSecond == WscOpcode::Decr ? &theFirstTwoGo : nullptr;
         case WscOpcode::Decr:
-            return theSecond == WscOpcode::Incr ? 0 : theNoRule;
+            return theSecond == WscOpcode::Incr ? &theFirstTwoGo : nullptr;
         case WscOpcode::Uminus:
-            return theSecond == WscOpcode::Sub ? 14 : theNoRule;
+            return theSecond == WscOpcode::Sub ? &theAddDoes : nullptr;
         case WscOpcode::Tobool:
-            return theSecond == WscOpcode::PseudoLabel && theThird == WscOpcode::Scor ? 15
-                                                                                      : theNoRule;
+            return theSecond == WscOpcode::PseudoLabel && theThird == WscOpcode::Scor
+                       ? &theFirstGoes
+                       : nullptr;
         case WscOpcode::Isvalid:
-            return theSecond == WscOpcode::Tobool ? 17 : theNoRule;
+            return theSecond == WscOpcode::Tobool ? &theSecondGoes : nullptr;
         default:
-            return theNoRule;
+            return nullptr;
     }
 }
 
@@ -227,7 +229,8 @@ class Sweep {
         }
     }
 
-    // False when a test has stopped the rule; nothing has changed then, for tests come first.
+    // Runs the actions of a rule. False when a test has stopped it; nothing has changed then, for
+    // tests come first.
     bool run(std::span<const Action> theActions) {
         unsigned index = 0;
         return std::all_of(theActions.begin(), theActions.end(),
@@ -239,8 +242,8 @@ class Sweep {
         return instructionsM[aheadM + theIndex];
     }
 
+    // False when the action is a test that stops the rule. theIndex is what the rule remembers.
     bool run(Action theAction, unsigned& theIndex) {
-        const auto variable = static_cast<std::uint8_t>(theIndex);
         switch (theAction) {
             case Action::StopUnlessSecondHasIndex:
                 theIndex = ahead(0).getIndex();
@@ -254,45 +257,39 @@ class Sweep {
             case Action::TakeIndexOfSecond:
                 theIndex = ahead(1).getIndex();
                 return true;
-            case Action::InsertIncr:
-                insert(WscNormalInstruction(WscOpcode::Incr, std::uint8_t{1}));
-                return true;
-            case Action::InsertDecr:
-                insert(WscNormalInstruction(WscOpcode::Decr, std::uint8_t{1}));
-                return true;
-            case Action::InsertAdd:
-                insert(WscNormalInstruction(WscOpcode::Add, std::uint8_t{1}));
-                return true;
-            case Action::InsertConstM1:
-                insert(WscNormalInstruction(WscOpcode::ConstM1, std::uint8_t{1}));
-                return true;
-            case Action::InsertConst1:
-                insert(WscNormalInstruction(WscOpcode::Const1, std::uint8_t{1}));
-                return true;
-            case Action::InsertUminus:
-                insert(WscNormalInstruction(WscOpcode::Uminus, std::uint8_t{1}));
-                return true;
-            case Action::InsertIncrVar:
-                if (variable < 8) {
-                    insert(WscShortInstruction(WscOpcode::IncrVarS, std::uint8_t{1}, variable));
-                } else {
-                    insert(WscMediumInstruction(WscOpcode::IncrVar, std::uint8_t{2}, variable));
-                }
-                return true;
-            case Action::InsertDecrVar:
-                insert(WscMediumInstruction(WscOpcode::DecrVar, std::uint8_t{2}, variable));
-                return true;
-            case Action::InsertAddAsgBehindFirst:
-                insertBehindFirst(
-                    WscMediumInstruction(WscOpcode::AddAsg, std::uint8_t{2}, variable));
-                return true;
-            case Action::InsertSubAsgBehindFirst:
-                insertBehindFirst(
-                    WscMediumInstruction(WscOpcode::SubAsg, std::uint8_t{2}, variable));
-                return true;
             default:
-                remove(theDeletions[static_cast<std::size_t>(theAction)]);
+                change(theAction, static_cast<std::uint8_t>(theIndex));
                 return true;
+        }
+    }
+
+    void change(Action theAction, std::uint8_t theVariable) noexcept {
+        switch (theAction) {
+            case Action::InsertIncr:
+                return insertPlain(WscOpcode::Incr);
+            case Action::InsertDecr:
+                return insertPlain(WscOpcode::Decr);
+            case Action::InsertAdd:
+                return insertPlain(WscOpcode::Add);
+            case Action::InsertConstM1:
+                return insertPlain(WscOpcode::ConstM1);
+            case Action::InsertConst1:
+                return insertPlain(WscOpcode::Const1);
+            case Action::InsertUminus:
+                return insertPlain(WscOpcode::Uminus);
+            case Action::InsertIncrVar:
+                return fitsShortForm<WscOpcode::IncrVarS>(theVariable)
+                           ? insert(WscShortInstruction(WscOpcode::IncrVarS,
+                                                        sizeOf(WscOperands::Short), theVariable))
+                           : insert(withVariable(WscOpcode::IncrVar, theVariable));
+            case Action::InsertDecrVar:
+                return insert(withVariable(WscOpcode::DecrVar, theVariable));
+            case Action::InsertAddAsgBehindFirst:
+                return insertBehindFirst(withVariable(WscOpcode::AddAsg, theVariable));
+            case Action::InsertSubAsgBehindFirst:
+                return insertBehindFirst(withVariable(WscOpcode::SubAsg, theVariable));
+            default:
+                return remove(theDeletions[static_cast<std::size_t>(theAction)]);
         }
     }
 
@@ -313,15 +310,22 @@ class Sweep {
     void insert(const WscInstruction& theInstruction) noexcept {
         instructionsM[--aheadM] = theInstruction;
     }
+    void insertPlain(WscOpcode theOpcode) noexcept {
+        insert(WscNormalInstruction(theOpcode, sizeOf(WscOperands::None)));
+    }
     void insertBehindFirst(const WscInstruction& theInstruction) noexcept {
         const WscInstruction first = ahead(0);
         instructionsM[aheadM] = theInstruction;
         insert(first);
     }
+    static WscMediumInstruction withVariable(WscOpcode theOpcode,
+                                             std::uint8_t theVariable) noexcept {
+        return {theOpcode, sizeOf(WscOperands::Byte), theVariable};
+    }
 
     std::span<WscInstruction> instructionsM;
-    std::size_t behindM = 0;  // instructions behind the sweep: p
-    std::size_t aheadM = 0;   // where the ones ahead begin
+    std::size_t behindM = 0;  // how many lie behind the sweep
+    std::size_t aheadM = 0;   // where those ahead begin
 };
 
 }  // namespace
@@ -335,12 +339,11 @@ std::span<const Action> WscOptimizer::getFrameAction(std::uint32_t theFrame) con
     const auto place = [theFrame](unsigned theIndex) {
         return static_cast<WscOpcode>((theFrame >> (8 * theIndex)) & 0xFF);
     };
-    const int rule = findRule(place(0), place(1), place(2), place(3));
-    if (rule == theNoRule) {
+    const Rule* rule = findRule(place(0), place(1), place(2), place(3));
+    if (rule == nullptr) {
         return {};
     }
-    const Rule& found = theRules[static_cast<std::size_t>(rule)];
-    return {found.actions.data(), found.count};
+    return {rule->actions.data(), rule->count};
 }
 
 void WscOptimizer::optimizeFunctionCode(WscFunctionCode& theCode, bool isOptimizing) const {

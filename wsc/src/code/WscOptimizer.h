@@ -12,7 +12,7 @@ namespace lumnis {
 
 class WscOptimizer {
   public:
-    // p is the place of the frame's first instruction, x an index that a rule remembers.
+    // What a rule does, by the places of a frame. A rule remembers one index, x.
     enum class Action : std::uint16_t {
         DeleteFirst = 0,
         DeleteSecond = 1,
