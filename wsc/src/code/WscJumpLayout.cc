@@ -39,17 +39,17 @@ struct Flow {
 };
 
 struct Jump {
-    std::uint32_t flow;  // itself and the label that it goes to, by number
-    std::uint32_t target;
-    std::uint32_t start;   // position with all jumps of one byte; distances only grow from it
-    std::uint32_t offset;  // as it stands in the code: from the end of a forward jump, from the
-                           // start of a backward one
+    std::uint32_t flow = 0;  // itself and the label that it goes to, by number
+    std::uint32_t target = 0;
+    std::uint32_t start = 0;   // position with all jumps of one byte; distances only grow from it
+    std::uint32_t offset = 0;  // as it stands in the code: from the end of a forward jump, from
+                               // the start of a backward one
     // The jumps whose growth makes the offset grow: from lowest to highest - 1, by number.
-    std::uint32_t lowest;
-    std::uint32_t highest;
-    bool isForward;
-    bool isConditional;
-    std::uint8_t size;
+    std::uint32_t lowest = 0;
+    std::uint32_t highest = 0;
+    bool isForward = false;
+    bool isConditional = false;
+    std::uint8_t size = 1;
 };
 
 struct Label {
@@ -85,10 +85,17 @@ WscOpcode opcodeFor(const Jump& theJump) {
 
 class Layout {
   public:
-    Layout(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel) {
-        collect(theCode, theFirstLabel);
+    // The first layout, with one byte for each jump, and what follows from it.
+    Layout(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel)
+        : firstLabelM(theFirstLabel) {
+        Labels labels;
+        reserve(theCode, labels);
+        collect(theCode, labels);
+        place();
+        resolve(labels);
     }
 
+    // Gives each jump its form. As layoutJumps.
     std::int64_t run() {
         for (std::uint32_t i = 0; i < jumpsM.size(); ++i) {
             grow(i);
@@ -112,9 +119,9 @@ class Layout {
     }
 
   private:
-    // The first layout, with one byte for each jump, and what follows from it.
-    void collect(std::span<WscInstruction> theCode, std::uint32_t theFirstLabel) {
-        CpsArray<Label, 32> labels;
+    using Labels = CpsArray<Label, 32>;  // by number, the first label of the function first
+
+    void reserve(std::span<const WscInstruction> theCode, Labels& theLabels) {
         std::size_t jumpCount = 0;
         std::size_t labelCount = 0;
         for (const WscInstruction& instruction : theCode) {
@@ -124,7 +131,11 @@ class Layout {
         }
         flowsM.reserve(jumpCount + labelCount);
         jumpsM.reserve(jumpCount);
-        labels.reserve(labelCount);
+        theLabels.reserve(labelCount);
+    }
+
+    // Finds the jumps and the labels.
+    void collect(std::span<WscInstruction> theCode, Labels& theLabels) {
         std::uint32_t gap = 0;
         for (WscInstruction& instruction : theCode) {
             if (!instruction.isFlow()) {
@@ -135,23 +146,28 @@ class Layout {
             flowsM.append(Flow{&instruction, gap, 0});
             gap = 0;
             if (instruction.is(WscOpcode::PseudoLabel)) {
-                const std::size_t index = instruction.getLabel() - theFirstLabel;
-                if (index >= labels.size()) {
-                    labels.resize(index + 1);
+                const std::size_t index = indexOf(instruction);
+                if (index >= theLabels.size()) {
+                    theLabels.resize(index + 1);
                 }
-                labels[index] = {flow, static_cast<std::uint32_t>(jumpsM.size())};
+                theLabels[index] = {flow, static_cast<std::uint32_t>(jumpsM.size())};
             } else {
                 instruction.setSize(1);
-                jumpsM.append(
-                    Jump{flow, 0, 0, 0, 0, 0, false, instruction.is(WscOpcode::PseudoTjump), 1});
+                Jump jump;
+                jump.flow = flow;
+                jump.isConditional = instruction.is(WscOpcode::PseudoTjump);
+                jumpsM.append(jump);
             }
         }
         tailM = gap;
-        place();
+    }
+
+    // Tells each jump where it goes and whose growth it feels.
+    void resolve(const Labels& theLabels) noexcept {
         for (std::uint32_t i = 0; i < jumpsM.size(); ++i) {
             Jump& jump = jumpsM[i];
             const Flow& flow = flowsM[jump.flow];
-            const Label& label = labels[flow.instruction->getLabel() - theFirstLabel];
+            const Label& label = theLabels[indexOf(*flow.instruction)];
             jump.target = label.flow;
             jump.start = flow.position;
             jump.isForward = flowsM[jump.target].position > jump.start;
@@ -159,6 +175,10 @@ class Layout {
             jump.highest = jump.isForward ? label.jumpsBefore : i;
             jump.offset = offsetOf(jump);
         }
+    }
+
+    std::size_t indexOf(const WscInstruction& theFlow) const noexcept {
+        return theFlow.getLabel() - firstLabelM;
     }
 
     // Sets all positions by the sizes as they are; returns the size of the code.
@@ -178,7 +198,8 @@ class Layout {
         return theJump.isForward ? to - from - theJump.size : from - to;
     }
 
-    // Gives the jump the size that its offset wants and disturbs whom that pushes over a limit.
+    // Gives the jump the size that its offset wants, and notes the jumps that this pushes over a
+    // limit: they are to grow, too.
     void grow(std::uint32_t theJump) {
         Jump& jump = jumpsM[theJump];
         const std::uint8_t size = sizeFor(jump);
@@ -207,6 +228,7 @@ class Layout {
         }
     }
 
+    std::uint32_t firstLabelM;
     CpsArray<Flow, 48> flowsM;  // in order
     std::uint32_t tailM = 0;    // bytes behind the last of them
     CpsArray<Jump, 32> jumpsM;  // in order
