@@ -38,6 +38,15 @@ bool isPlainAssignment(int theOperator) noexcept {
     return theOperator == '=' || theOperator == WSC_ADD_ASSIGN || theOperator == WSC_SUB_ASSIGN;
 }
 
+// theOperator: ++ or --.
+void generateStep(WscCompilerData& theData, int theOperator, int theVariable) {
+    if (theOperator == WSC_INCREMENT) {
+        theData.generateIncrVar(theVariable);
+    } else {
+        theData.generateDecrVar(theVariable);
+    }
+}
+
 // Steps of && and ||: every operand but the first stands behind a short-circuit test that
 // leaves for theFrame.first. Null when all operands are done.
 const WscSimpleNode* nextOperand(const WscSimpleNode& theSequence, WscCompilerData& theData,
@@ -139,11 +148,7 @@ const WscSimpleNode* WscAstAssignmentExpression::semanticAction(WscCompilerData&
     const int assignment = operatorOf(getChild(1));
     std::int32_t& variable = theFrame.first;
     if (theFrame.step == 0) {
-        const WscName& name = nameOf(theData, getChild(0));
-        variable = theData.searchVariable(name);
-        if (variable < 0) {
-            fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
-        }
+        variable = requireVariable(nameOf(theData, getChild(0)));
         if (!isPlainAssignment(assignment)) {
             theData.generateLoadVar(variable);
         }
@@ -170,17 +175,9 @@ const WscSimpleNode* WscAstAssignmentExpression::semanticAction(WscCompilerData&
 
 const WscSimpleNode* WscAstPostfixExpression::semanticAction(WscCompilerData& theData,
                                                              WscActionFrame&) const {
-    const WscName& name = nameOf(theData, getChild(0));
-    const int variable = theData.searchVariable(name);
-    if (variable < 0) {
-        fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
-    }
+    const int variable = requireVariable(nameOf(theData, getChild(0)));
     theData.generateLoadVar(variable);
-    if (operatorOf(getChild(1)) == WSC_INCREMENT) {
-        theData.generateIncrVar(variable);
-    } else {
-        theData.generateDecrVar(variable);
-    }
+    generateStep(theData, operatorOf(getChild(1)), variable);
     return nullptr;
 }
 
@@ -188,16 +185,9 @@ const WscSimpleNode* WscAstUnaryExpression::semanticAction(WscCompilerData& theD
                                                            WscActionFrame& theFrame) const {
     const int anOperator = operatorOf(getChild(0));
     if (anOperator == WSC_INCREMENT || anOperator == WSC_DECREMENT) {
-        const WscName& name = nameOf(theData, getChild(1));
-        const int variable = theData.searchVariable(name);
-        if (variable < 0) {
-            fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
-        }
-        if (anOperator == WSC_INCREMENT) {
-            theData.generateIncrVar(variable);
-        } else {
-            theData.generateDecrVar(variable);
-        }
+        // The operand is a variable, and not loaded first.
+        const int variable = requireVariable(nameOf(theData, getChild(1)));
+        generateStep(theData, anOperator, variable);
         theData.generateLoadVar(variable);
         return nullptr;
     }

@@ -67,12 +67,7 @@ CpsString WscAstLiteral::getDumpText(const WscSourceTexts& theTexts) const {
 
 const WscSimpleNode* WscAstIdentifier::semanticAction(WscCompilerData& theData,
                                                       WscActionFrame&) const {
-    const WscName& name = nameOf(theData, this);
-    const int variable = theData.searchVariable(name);
-    if (variable < 0) {
-        fail("Semantic Error: Variable \"" + CpsString(name.text) + "\" not found");
-    }
-    theData.generateLoadVar(variable);
+    theData.generateLoadVar(requireVariable(nameOf(theData, this)));
     return nullptr;
 }
 

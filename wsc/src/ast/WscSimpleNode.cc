@@ -150,4 +150,11 @@ void WscSimpleNode::fail(const CpsString& theMessage) const {
     throw WscCompilerException(lineNumberM, theMessage);
 }
 
+int WscSimpleNode::requireVariable(const WscName& theName) const {
+    if (theName.variable < 0) {
+        fail("Semantic Error: Variable \"" + CpsString(theName.text) + "\" not found");
+    }
+    return theName.variable;
+}
+
 }  // namespace lumnis

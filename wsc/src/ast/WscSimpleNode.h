@@ -24,6 +24,7 @@ namespace lumnis {
 class WscCompilerData;
 class WscSimpleNode;
 class WscSourceTexts;
+struct WscName;
 
 // The numbers are those of the tree's published node names; the gaps are types of which no node
 // is made. All levels of left-associative operators share BinaryExpressionSequence.
@@ -168,6 +169,8 @@ class WscSimpleNode {
         return theFrame.currentChild;
     }
     [[noreturn]] void fail(const CpsString& theMessage) const;
+    // The number of the variable theName; fails when there is none.
+    int requireVariable(const WscName& theName) const;
 
   private:
     static std::int32_t distance(const WscSimpleNode* theFrom,
