@@ -17,7 +17,8 @@ namespace {
 
 constexpr unsigned int theDefaultCharset = 106;  // UTF-8, as all text is inside
 
-// Doubles a buffer that is to take theCount more bytes, so that building it costs linear time.
+// Called before up to theCount bytes are appended: a buffer that lacks the room doubles, so that
+// building it costs linear time. A larger piece is no fault; the append itself makes room then.
 void makeRoom(CpsString& theBuffer, std::uint32_t theCount) {
     const std::uint64_t length = theBuffer.length();
     if (length + theCount > theBuffer.capacity()) {
@@ -252,13 +253,14 @@ unsigned int WscCompilerData::selectOutEncoding() {
     }
     const std::vector<WscLiteralStringExtern*> strings = externStrings();
     for (const unsigned int charset : acceptCharsetsM) {
-        const auto isCarried = [&](WscLiteralStringExtern* theString) {
-            const bool isDone =
+        // Puts a string into the charset; false when that lacks one of its characters.
+        const auto convert = [&](WscLiteralStringExtern* theString) {
+            const bool isCarried =
                 charset == theDefaultCharset || theString->transcode(*charsetConverterM, charset);
             theString->setCharset(charset);
-            return isDone;
+            return isCarried;
         };
-        if (std::all_of(strings.begin(), strings.end(), isCarried)) {
+        if (std::all_of(strings.begin(), strings.end(), convert)) {
             return selectedCharsetM = charset;
         }
     }

@@ -67,7 +67,7 @@ WscLexer::WscLexer(const CpsString& theSource, WscSourceTexts& theTexts)
     : cursorM(reinterpret_cast<const unsigned char*>(theSource.data())),
       limitM(cursorM + theSource.length()),
       textsM(theTexts) {
-    theSource.c_str();  // the scanner wants a terminator
+    theSource.c_str();  // puts a terminator behind the source, which the scanner reads
 }
 
 void WscLexer::LexerError(const CpsString& theText) const {

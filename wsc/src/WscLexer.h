@@ -38,14 +38,14 @@ class WscLexer {
 
   private:
     int scan();
-    // Ends a token in front of theCursor: it becomes textM.
+    // The bytes from cursorM up to theCursor become textM; reading goes on from there.
     void take(const unsigned char* theCursor) noexcept {
         textM = {reinterpret_cast<const char*>(cursorM),
                  static_cast<std::size_t>(theCursor - cursorM)};
         cursorM = theCursor;
     }
 
-    // Actions of the rules. theText is the text matched.
+    // Actions of the rules. theText is the text matched, theCursor its end.
     int token(const unsigned char* theCursor, int theToken) noexcept {
         cursorM = theCursor;
         tokenValueM.token = theToken;
@@ -57,10 +57,12 @@ class WscLexer {
     // The characters of a literal behind its opening quote. False at the end of the source: the
     // literal is dropped then, and with it a back-slash that nothing follows.
     bool scanString();
+    // Appends what an escape stands for. cursorM is at its back-slash. False at the end of the
+    // source.
     bool scanEscape(CpsString& theString);
     void addEscapedByte(CpsString& theString, std::string_view theDigits);
     void addEscapedCharacter(CpsString& theString, std::string_view theDigits, unsigned theBase);
-    // Behind the opening mark.
+    // From behind the opening mark to the end of the comment.
     void skipLineComment();
     void skipBlockComment();
     [[noreturn]] void reservedWord(std::string_view theWord) const;

@@ -8,10 +8,10 @@ namespace lumnis {
 
 struct WscName {
     std::string_view text;
-    // -1 where the name means none.
+    // What the name stands for, by number; -1 where it stands for nothing of the kind.
     int variable = -1;  // of the current function
     int function = -1;
-    int urlConstant = -1;
+    int urlConstant = -1;  // the constant that holds the URL
 };
 
 }  // namespace lumnis

@@ -11,19 +11,21 @@ namespace lumnis {
 
 namespace {
 
-// The nodes that a source of theLength bytes gets room for at once; a large one may as well be
-// mostly comment. Dense source makes two nodes of three bytes. The rest is there because the C
-// library keeps twice the largest block that it has seen for the next call: with less than that it
-// would give memory back and take it again, with a fault for each page.
+// For how many nodes a source of theLength bytes gets room at once.
+//
+// Dense source makes two nodes of every three bytes. The room is larger, seven for every eight,
+// because the C library keeps twice the largest block that was freed before it gives memory back to
+// the system: with less room, memory would go back after each call and come again with a fault for
+// each page. It is bounded because a large source may be mostly comment.
 std::size_t nodesAhead(std::size_t theLength) noexcept {
-    constexpr std::size_t theMostNodes = 32768;
-    return std::min(theLength / 8 * 7, theMostNodes);
+    constexpr std::size_t theLargestRoom = 32768;
+    return std::min(theLength / 8 * 7, theLargestRoom);
 }
 
 // A double beyond the floats becomes infinity, as IEEE 754 rounds it; the language leaves the
 // plain conversion undefined.
 float narrowed(double theValue) noexcept {
-    // Halfway between the largest float and the one that would come behind it.
+    // Halfway between the largest float and the next one, if there were one.
     constexpr double theOverflow = 0x1.FFFFFFp+127;
     if (theValue >= theOverflow) {
         return std::numeric_limits<float>::infinity();

@@ -55,9 +55,10 @@ class WscParser {
     void addChild(std::size_t theParent, std::size_t theChild) noexcept {
         nodesM[theParent].addChild(nodesM[theChild]);
     }
-    // theName: number of a name, or of a text for a string.
+    // theName: number of a name in WscSourceTexts.
     std::size_t identifier(std::size_t theName);
     std::size_t anOperator(std::int64_t theOperator);
+    // theText: number of a string in WscSourceTexts.
     std::size_t literal(std::size_t theText);
     std::size_t invalidLiteral();
     std::size_t booleanLiteral(bool theValue);
@@ -66,23 +67,24 @@ class WscParser {
     std::size_t floatLiteral(double theValue);
     // Of 32 bits: the smallest number is its own negation.
     static std::int32_t negated(std::int64_t theValue) noexcept;
-    // Optional parts that are missing.
+    // For an optional part that is missing.
     std::size_t empty() { return node<WscAstEmpty>(); }
-    // A sequence of one level of operators, begun and made longer.
+    // Begins a sequence of operands and operators of one level, and makes it longer.
     std::size_t sequence(std::size_t theLeft, std::size_t theOperator, std::size_t theRight);
     std::size_t extend(std::size_t theSequence, std::size_t theOperator, std::size_t theRight);
     // theParameters is theNoNode for none.
     std::size_t function(std::size_t theExtern, std::size_t theName, std::size_t theParameters,
                          std::size_t theBlock);
-    // theNoNode for each of the first three that is missing.
+    // Each of the first three is theNoNode if it is missing.
     std::size_t forLoop(std::size_t theInit, std::size_t theCondition, std::size_t theIncrement,
                         std::size_t theBody);
     void setRoot(std::size_t theRoot) noexcept { rootM = theRoot; }
-    // The generated parser's stack once it has grown: it must go when an exception passes.
+    // Memory for the generated parser's stack once it has grown. It belongs to this object, since
+    // an exception passes by the generated code that would free it.
     void* allocateStack(std::size_t theSize) { return stackM.allocate(theSize); }
 
   private:
-    // What the distances between nodes can tell apart; 32 GiB.
+    // As many as the distances between nodes, of 32 bits, can tell apart; 32 GiB.
     static constexpr std::size_t theMostNodes = std::size_t{1} << 31;
 
     template <class Node>

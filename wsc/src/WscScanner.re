@@ -108,7 +108,6 @@ int WscLexer::scan() {
     }
 }
 
-// What a back-slash in a string begins; cursorM is at it. False at the end of the source.
 bool WscLexer::scanEscape(CpsString& theString) {
     const unsigned char* cursor = cursorM;
     const unsigned char* marker;

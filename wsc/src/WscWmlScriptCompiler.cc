@@ -18,9 +18,6 @@ constexpr char theCompilerVersion[] = "Version 1.1";
 constexpr std::uint8_t theMajorVersion = 1;
 constexpr std::uint8_t theMinorVersion = 1;
 
-constexpr std::uint8_t theCharsetAdded = 2;
-constexpr std::uint8_t theCompileFinished = 4;
-
 constexpr int theSuccess = 1;
 constexpr int theFailure = 2;
 

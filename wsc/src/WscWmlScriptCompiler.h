@@ -26,7 +26,7 @@ class WscWmlScriptCompiler {
     WscWmlScriptCompiler& operator=(const WscWmlScriptCompiler&) = delete;
     virtual ~WscWmlScriptCompiler();
 
-    // Options, for the time before compile. They stay for every later run.
+    // Options, to be set before compile. They hold for every later run.
 
     // Adds a charset (MIBenum number) that the output may have, the most wanted first. With none
     // the output is UTF-8. Returns 1.
@@ -75,17 +75,20 @@ class WscWmlScriptCompiler {
     void getErrorMessage(unsigned int theIndex, CpsString& theText) const;
 
   private:
+    static constexpr std::uint8_t theCharsetAdded = 2;     // until the next compile
+    static constexpr std::uint8_t theCompileFinished = 4;  // with or without errors
+
     void run(const CpsString& theSource);
     // Null when the index is out of range.
     const WscPragmaMeta* metaName(unsigned int theIndex) const;
     const WscPragmaMeta* metaHttp(unsigned int theIndex) const;
-    bool isFinished() const { return (statusM & 4) != 0; }
+    bool isFinished() const { return (statusM & theCompileFinished) != 0; }
 
     std::vector<unsigned int> acceptCharsetsM;
-    std::uint8_t statusM = 0;  // 2: a charset has been added, 4: compile has finished
+    std::uint8_t statusM = 0;  // of the two bits above
     bool debugModeM = false;
     bool optimizeModeM = true;
-    std::unique_ptr<std::ostream> debugStreamM;  // exists only for a run in debug mode
+    std::unique_ptr<std::ostream> debugStreamM;  // there only in debug mode
     std::ostream* parseTreeStreamM = nullptr;
     std::ostream* consoleStreamM;
     std::ostream* assemblyStreamM = nullptr;
