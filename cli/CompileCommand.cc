@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <sstream>
+#include <utility>
 
 #include "CliCharset.h"
 #include "CliDiagnostics.h"
@@ -19,19 +20,6 @@ constexpr char theCompileExamples[] =
     "  lumnis compile -o out/ -j 4 src/*.wmls   writes out/NAME.wmlsc for each\n"
     "  lumnis compile --listing - hello.wmls    shows the code as well\n"
     "  generate | lumnis compile - > it.wmlsc   reads standard input, writes standard output\n";
-
-// The text that the library gives its callers, heading included.
-std::string errorText(const WscWmlScriptCompiler& theCompiler) {
-    std::string result;
-    for (unsigned i = 0; i < theCompiler.getNumErrors(); ++i) {
-        CpsString message;
-        theCompiler.getErrorMessage(i, message);
-        result +=
-            theCompiler.getErrorCode(i) == 0 ? "\nCompilation error: \n" : "\nOther error: \n";
-        result += message.view();
-    }
-    return result + "\n";
-}
 
 }  // namespace
 
@@ -109,12 +97,14 @@ CliBatchResult CompileCommand::compile(const std::string& theName, const CpsStri
     CliBatchResult result;
     result.isGood = compiler.compile(&theSource) == 1;
     if (!result.isGood) {
+        // All errors stand in the library's one text, which goes with the first.
+        std::string rawText(WmlsCompileDriver::errorText(compiler).view());
+        rawText += '\n';
         for (unsigned i = 0; i < compiler.getNumErrors(); ++i) {
             CpsString message;
             compiler.getErrorMessage(i, message);
-            // All records stand in the library's one text.
-            result.diagnostics.push_back(sourceDiagnostic(
-                theName, message, theSource, i == 0 ? errorText(compiler) : std::string()));
+            result.diagnostics.push_back(sourceDiagnostic(theName, message, theSource,
+                                                          std::exchange(rawText, std::string())));
         }
         return result;
     }

@@ -17,6 +17,26 @@
 
 namespace lumnis {
 
+namespace {
+
+// How much of theText fits into theSize bytes without a part of a character at its end. A message
+// may quote malformed UTF-8: no more is taken off than a character is long.
+std::size_t lengthThatFits(std::string_view theText, std::size_t theSize) noexcept {
+    if (theText.size() <= theSize) {
+        return theText.size();
+    }
+    const auto isContinuation = [](char theByte) {
+        return (static_cast<unsigned char>(theByte) & 0xC0) == 0x80;
+    };
+    std::size_t length = theSize;
+    for (int i = 0; i < 3 && isContinuation(theText[length]); ++i) {
+        --length;
+    }
+    return length;
+}
+
+}  // namespace
+
 void WmlEncodeDriver::refuse(std::string_view thePrefix, const char* theMessage,
                              std::string_view theSuffix) {
     errorMessageM = theMessage;
@@ -98,27 +118,16 @@ bool WmlEncodeDriver::run(std::string_view theSource, char** theResult,
 
 void WmlEncodeDriver::storeErrorText(std::string_view theText, char** theErrorText) noexcept {
     static char theLastResort[] = "not enough memory";
-    char* const buffer = fwThreadBuffer();
-    if (buffer == nullptr) {
-        if (theErrorText != nullptr) {
-            *theErrorText = theLastResort;
-        }
-        return;
+    char* text = fwThreadBuffer();
+    if (text == nullptr) {
+        text = theLastResort;
+    } else {
+        const std::size_t length = lengthThatFits(theText, theThreadBufferSize - 1);
+        std::memcpy(text, theText.data(), length);
+        text[length] = '\0';
     }
-    std::size_t length = std::min(theText.size(), theThreadBufferSize - 1);
-    if (length < theText.size()) {
-        const auto isContinuation = [](char theByte) {
-            return (static_cast<unsigned char>(theByte) & 0xC0) == 0x80;
-        };
-        // No further than a character of UTF-8 is long: a message may quote malformed text.
-        for (int i = 0; i < 3 && isContinuation(theText[length]); ++i) {
-            --length;
-        }
-    }
-    std::memcpy(buffer, theText.data(), length);
-    buffer[length] = '\0';
     if (theErrorText != nullptr) {
-        *theErrorText = buffer;
+        *theErrorText = text;
     }
 }
 

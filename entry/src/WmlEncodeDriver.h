@@ -16,37 +16,40 @@ class WmlEncodeDriver {
   public:
     enum class Outcome {
         ENCODED,
-        NOT_CONVERTIBLE,  // the source, from its charset to UTF-8
-        REFUSED           // the document, or what went wrong with it
+        NOT_CONVERTIBLE,  // the source cannot be converted from its charset to UTF-8
+        REFUSED           // the document is faulty, or its encoding failed
     };
 
-    // The settings at first are those of WMLEncode. Charsets by their names in HedCharsetMap, the
-    // media type of the source by its number in HedMediaTypeMap.
+    // Without a call of these the settings are those of WMLEncode: ISO-8859-1, UTF-8 and WML.
+    // Charsets by their names in HedCharsetMap, the media type of the source by its number in
+    // HedMediaTypeMap.
     void setInputCharset(std::string_view theName) { inputCharsetM = theName; }
     void setOutputCharset(std::string_view theName) { outputCharsetM = theName; }
     void setMediaType(int theMediaType) { mediaTypeM = theMediaType; }
 
-    // Encodes one document. Throws std::bad_alloc and CCException from in front of the document;
-    // whatever goes wrong with the document itself is an outcome.
+    // Encodes one document. Throws std::bad_alloc and CCException before the document is parsed;
+    // whatever goes wrong from then on is an outcome.
     Outcome encode(std::string_view theSource);
-    // Of the latest encode. The output is empty unless it was encoded.
+
+    // What has come of the latest encode. The output is empty unless it succeeded.
     const CpsString& getOutput() const { return outputM; }
     int getOutputMediaType() const { return outputMediaTypeM; }
-    // What else the run has returned; null unless it was encoded.
+    // The meta data that goes beside the output; null unless encode succeeded.
     XaOutput* getRunOutput() const { return runOutputM.get(); }
-    // The text of the failure: the converter's, or the message as WMLEncode frames it.
+    // The text of the failure: the converter's, or the message in the frame of WMLEncode.
     const CpsString& getErrorText() const { return errorTextM; }
-    // The same as it came, without frame, and its line, 0 if it has none.
+    // The message without its frame, and its line, 0 if it has none.
     const CpsString& getErrorMessage() const { return errorMessageM; }
     unsigned getErrorLine() const { return errorLineM; }
 
-    // Parameters as of WMLEncode, but for the size, which has 32 bits here. True on success. A
-    // refused document leaves an empty block in *theResult and its text in *theErrorText.
+    // WMLEncode, but for the size of the result, which has 32 bits here. True on success. A refused
+    // document leaves an empty block in *theResult and its text in *theErrorText.
     bool run(std::string_view theSource, char** theResult, std::uint32_t& theResultLength,
              char** theErrorText);
 
-    // Stores theText in the buffer of this thread and its address in *theErrorText. It is cut in
-    // front of the character that does not fit, and stays until the next call.
+    // Stores theText in the buffer of this thread and the buffer's address in *theErrorText, unless
+    // theErrorText is null. A text that is too long is cut between two characters. It stays until
+    // the next call on this thread.
     static void storeErrorText(std::string_view theText, char** theErrorText) noexcept;
 
   private:

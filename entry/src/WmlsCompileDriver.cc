@@ -47,7 +47,7 @@ bool WmlsCompileDriver::run(const char* theSource, int theSourceLength, char** t
         return false;
     }
     if (compilerM.compile(sourceM.get()) != 1) {
-        storeErrorText(errorText(), theErrorText);
+        storeErrorText(errorText(compilerM), theErrorText);
         return false;
     }
     const CpsString& byteCode = *compilerM.getByteCode();
@@ -78,13 +78,13 @@ bool WmlsCompileDriver::convertInput() {
     return true;
 }
 
-CpsString WmlsCompileDriver::errorText() const {
+CpsString WmlsCompileDriver::errorText(const WscWmlScriptCompiler& theCompiler) {
     CpsString text;
     CpsString message;
-    for (unsigned int i = 0; i < compilerM.getNumErrors(); ++i) {
-        compilerM.getErrorMessage(i, message);
+    for (unsigned int i = 0; i < theCompiler.getNumErrors(); ++i) {
+        theCompiler.getErrorMessage(i, message);
         text += '\n';
-        text += headingOf(compilerM.getErrorCode(i));
+        text += headingOf(theCompiler.getErrorCode(i));
         text += message;
     }
     return text;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <iosfwd>
 #include <memory>
+#include <string_view>
 
 #include "CpsString.h"
 #include "HedCharsetId.h"
@@ -14,7 +15,8 @@ namespace lumnis {
 
 class WmlsCompileDriver {
   public:
-    // Not 0: a pragma report goes to standard output after a successful compilation. 0 at first.
+    // Unless theMode is 0, as at first, a pragma report goes to standard output after a successful
+    // compilation.
     void setPrintPragmas(int theMode) { printPragmasM = theMode; }
     // The source is converted from theCharset to UTF-8 first. Without this it is taken as it is.
     void setInputCharset(HedCharsetId theCharset) {
@@ -22,9 +24,9 @@ class WmlsCompileDriver {
         convertInputM = 1;
     }
 
-    // Parameters as of WMLSCompile, but for the size, which has 32 bits here. True on success.
-    // A fault of the script leaves its text in *theErrorText; a source that cannot be converted
-    // prints why and leaves no text. Throws std::bad_alloc and CCException.
+    // WMLSCompile, but for the size of the result, which has 32 bits here. True on success. A fault
+    // of the script leaves its text in *theErrorText; for a source that cannot be converted the
+    // reason is printed and there is no text. Throws std::bad_alloc and CCException.
     bool run(const char* theSource, int theSourceLength, char** theResult,
              std::uint32_t& theResultLength, char** theErrorText);
 
@@ -32,12 +34,14 @@ class WmlsCompileDriver {
     // null when there is no memory for it.
     static void storeErrorText(std::string_view theText, char** theErrorText) noexcept;
 
+    // The messages of the last compilation, each under its heading: the text of WMLSCompile without
+    // its line end.
+    static CpsString errorText(const WscWmlScriptCompiler& theCompiler);
     // The "use meta" pragmas of the last compilation, a line each, and an empty line.
     static void writePragmaReport(const WscWmlScriptCompiler& theCompiler, std::ostream& theStream);
 
   private:
     bool convertInput();
-    CpsString errorText() const;
 
     WscWmlScriptCompiler compilerM;
     int printPragmasM = 0;

@@ -28,7 +28,7 @@ int storeLength(std::uint32_t theLength, unsigned short* theResultLength) {
     return theSuccess;
 }
 
-// Without memory of its own: it may be the lack of memory that it tells of.
+// Allocates nothing: the error may be a lack of memory.
 void storeStandardException(const std::exception& theError, char** theErrorText) {
     char text[256];
     std::snprintf(text, sizeof text, "standard exception: %s\n", theError.what());
@@ -56,7 +56,8 @@ int WMLEncode(const char* source, int sourceLength, char** result, unsigned shor
             return theFailure;
         }
     } catch (const std::exception& error) {
-        // In front of the document or behind it; the driver itself words what a document causes.
+        // Before the document is parsed, or after; what a document causes the driver has put into
+        // words itself.
         storeStandardException(error, errorText);
         return theFailure;
     } catch (...) {
