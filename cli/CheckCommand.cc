@@ -1,7 +1,5 @@
 #include "CheckCommand.h"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <filesystem>
@@ -13,7 +11,6 @@
 #include "CliError.h"
 #include "CliHelp.h"
 #include "CliInput.h"
-#include "CliOutput.h"
 #include "CliXmlNotes.h"
 #include "CliXmlSource.h"
 #include "DocumentChecker.h"
@@ -32,8 +29,10 @@ constexpr char theCheckExamples[] =
 
 CliDiagnostic diagnosticOf(const std::string& theName, std::string theMessage, int theLine,
                            std::string_view theText) {
-    return {
-        theName, theLine, std::move(theMessage), std::string(sourceLineAt(theText, theLine)), {}};
+    CliDiagnostic result = fileDiagnostic(theName, std::move(theMessage));
+    result.line = theLine;
+    result.sourceLine = sourceLineAt(theText, theLine);
+    return result;
 }
 
 CliDiagnostic diagnosticOf(const std::string& theName, const CliTextFault& theFault,
@@ -47,25 +46,6 @@ CliDiagnostic diagnosticOf(const std::string& theName, const DocumentChecker::Fa
                                         static_cast<int>(theFault.line), theText);
     result.note = xmlNote(result.message, result.sourceLine);
     return result;
-}
-
-// Gives the DTD of thePath to theChecker.
-std::optional<CliDiagnostic> loadDtd(const std::string& thePath, DocumentChecker& theChecker) {
-    CpsString text = readInput(thePath);
-    if (const auto fault = convertXmlSource(text)) {
-        return diagnosticOf(inputName(thePath), *fault, text);
-    }
-    if (const auto fault = theChecker.setDtd(text)) {
-        return diagnosticOf(inputName(thePath), *fault, text);
-    }
-    return std::nullopt;
-}
-
-CliExit reportDtd(const CliDiagnostic& theDiagnostic, CliErrorFormat theFormat, CliExit theExit) {
-    writeDescriptor(STDERR_FILENO,
-                    formatDiagnostic(theDiagnostic, theFormat, isColourWanted(STDERR_FILENO)),
-                    "standard error");
-    return theExit;
 }
 
 }  // namespace
@@ -104,16 +84,9 @@ CliExit CheckCommand::run() const {
     DocumentChecker checker(hasEventsM ? &events : nullptr);
     checker.setNonvalidating(isNonvalidatingM);
     if (!dtdM.empty()) {
-        try {
-            if (const auto fault = loadDtd(dtdM, checker)) {
-                return reportDtd(*fault, errorForm(batchM), CliExit::refused);
-            }
-        } catch (const CliFileError& error) {
-            return reportDtd({error.getPath(), 0, error.what(), {}, {}}, errorForm(batchM),
-                             CliExit::failed);
-        } catch (const std::exception& error) {
-            return reportDtd({inputName(dtdM), 0, describeException(error), {}, {}},
-                             errorForm(batchM), CliExit::refused);
+        const CliExit exit = loadDtd(checker);
+        if (exit != CliExit::success) {
+            return exit;
         }
     }
     // One at a time: the checker holds the DTD for all.
@@ -123,6 +96,29 @@ CliExit CheckCommand::run() const {
         result.report = events.str();
         return result;
     });
+}
+
+CliExit CheckCommand::loadDtd(DocumentChecker& theChecker) const {
+    const std::string name = inputName(dtdM);
+    CliDiagnostic diagnostic;
+    CliExit exit = CliExit::refused;
+    try {
+        CpsString text = readInput(dtdM);
+        if (const auto textFault = convertXmlSource(text)) {
+            diagnostic = diagnosticOf(name, *textFault, text);
+        } else if (const auto fault = theChecker.setDtd(text)) {
+            diagnostic = diagnosticOf(name, *fault, text);
+        } else {
+            return CliExit::success;
+        }
+    } catch (const CliFileError& error) {
+        diagnostic = fileDiagnostic(error.getPath(), error.what());
+        exit = CliExit::failed;
+    } catch (const std::exception& error) {
+        diagnostic = fileDiagnostic(name, describeException(error));
+    }
+    printDiagnostic(diagnostic, errorForm(batchM));
+    return exit;
 }
 
 CliBatchResult CheckCommand::check(const std::string& theName, const CpsString& theSource,

@@ -23,6 +23,8 @@ class CheckCommand {
     CliExit run() const;
 
   private:
+    // Gives the DTD of --dtd to theChecker. Anything but success has been told.
+    CliExit loadDtd(DocumentChecker& theChecker) const;
     CliBatchResult check(const std::string& theName, const CpsString& theSource,
                          DocumentChecker& theChecker) const;
 

@@ -16,13 +16,10 @@ namespace {
 
 constexpr std::string_view theByteOrderMark = "\xEF\xBB\xBF";
 
-// theLowerName is in lower case.
-bool isEqualWithoutCase(std::string_view theName, std::string_view theLowerName) {
-    return std::equal(theName.begin(), theName.end(), theLowerName.begin(), theLowerName.end(),
-                      [](char theByte, char theLower) {
-                          return theByte == theLower ||
-                                 (theByte >= 'A' && theByte <= 'Z' && theByte + 32 == theLower);
-                      });
+bool isEqualWithoutCase(std::string_view theLeft, std::string_view theRight) {
+    return std::equal(
+        theLeft.begin(), theLeft.end(), theRight.begin(), theRight.end(),
+        [](char theByte, char theOther) { return asciiLower(theByte) == asciiLower(theOther); });
 }
 
 // -1 for no name.

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "CliMessages.h"
+#include "CliOutput.h"
 #include "PrintableText.h"
 
 namespace lumnis {
@@ -130,6 +131,10 @@ CliErrorFormat errorFormatByName(std::string_view theName) {
                               : CliErrorFormat::gcc;
 }
 
+CliDiagnostic fileDiagnostic(std::string theFile, std::string theMessage) {
+    return {std::move(theFile), 0, std::move(theMessage), {}, {}};
+}
+
 CliDiagnostic sourceDiagnostic(std::string theFile, std::string_view theMessage,
                                std::string_view theSource, std::string theRawText) {
     constexpr std::string_view head = "Error at line: ";
@@ -172,6 +177,12 @@ std::string formatDiagnostic(const CliDiagnostic& theDiagnostic, CliErrorFormat 
         return theDiagnostic.rawText;
     }
     return editorForm(theDiagnostic, isColoured, theFormat == CliErrorFormat::plain);
+}
+
+void printDiagnostic(const CliDiagnostic& theDiagnostic, CliErrorFormat theFormat) {
+    writeDescriptor(STDERR_FILENO,
+                    formatDiagnostic(theDiagnostic, theFormat, isColourWanted(STDERR_FILENO)),
+                    "standard error");
 }
 
 bool isCapableTerminal(int theDescriptor) {

@@ -25,6 +25,9 @@ struct CliDiagnostic {
     std::string note = {};   // what to do about it, for people; empty for nothing
 };
 
+// A message about a file as a whole, without a line.
+CliDiagnostic fileDiagnostic(std::string theFile, std::string theMessage);
+
 // Splits the library's "Error at line: N. \r\nMESSAGE" and finds line N in theSource. A message
 // of another form is taken whole, without a line. theRawText is kept as it is.
 CliDiagnostic sourceDiagnostic(std::string theFile, std::string_view theMessage,
@@ -36,6 +39,9 @@ std::string_view sourceLineAt(std::string_view theSource, int theLine);
 // The whole text to print, line ends included.
 std::string formatDiagnostic(const CliDiagnostic& theDiagnostic, CliErrorFormat theFormat,
                              bool isColoured);
+
+// Prints it on standard error, in colour where isColourWanted. Throws CliFileError.
+void printDiagnostic(const CliDiagnostic& theDiagnostic, CliErrorFormat theFormat);
 
 // Whether a person looks at theDescriptor: a terminal that can do more than print.
 bool isCapableTerminal(int theDescriptor);

@@ -24,10 +24,7 @@ constexpr char theDumpExamples[] =
     "  lumnis dump hello.wmlsc              lists functions, constants and code\n";
 
 void report(const std::string& theName, const std::string& theMessage) {
-    const CliDiagnostic diagnostic{theName, 0, theMessage, {}, {}};
-    const std::string text =
-        formatDiagnostic(diagnostic, CliErrorFormat::gcc, isColourWanted(STDERR_FILENO));
-    writeDescriptor(STDERR_FILENO, text, "standard error");
+    printDiagnostic(fileDiagnostic(theName, theMessage), CliErrorFormat::gcc);
 }
 
 std::string faultText(const DumpFault& theFault) {

@@ -51,10 +51,7 @@ int mediaTypeByName(const std::string& theName) {
 // The rule of the help text. theDocument is UTF-8.
 int mediaTypeOf(const std::string& theName, std::string_view theDocument) {
     std::string extension = std::filesystem::path(theName).extension().string();
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char theLetter) {
-        return theLetter >= 'A' && theLetter <= 'Z' ? static_cast<char>(theLetter + ('a' - 'A'))
-                                                    : theLetter;
-    });
+    std::transform(extension.begin(), extension.end(), extension.begin(), asciiLower);
     if (extension.starts_with(".wta") || rootElementName(theDocument) == "wta-wml") {
         return WmlDirector::theWtaWmlMediaType;
     }
@@ -63,7 +60,7 @@ int mediaTypeOf(const std::string& theName, std::string_view theDocument) {
 
 CliBatchResult refusal(const std::string& theName, std::string theMessage) {
     CliBatchResult result;
-    result.diagnostics.push_back({theName, 0, std::move(theMessage), {}, {}});
+    result.diagnostics.push_back(fileDiagnostic(theName, std::move(theMessage)));
     return result;
 }
 
