@@ -57,7 +57,8 @@ class SignalPause {
     sigset_t oldM;
 };
 
-// A file under a name of its own, gone when the object goes, unless it has taken its place.
+// A file under a temporary name beside its place. It is removed with the object, unless it has
+// taken its place before. One at a time.
 class TemporaryFile {
   public:
     // theTarget is for messages; thePlace is where the file goes in the end.
@@ -156,6 +157,20 @@ void writeAll(int theDescriptor, std::string_view theBytes, const std::string& t
     }
 }
 
+// Gives the new file owner and mode of theOld, which it is to replace.
+void copyRights(const struct stat& theOld, int theDescriptor, const std::string& thePath) {
+    mode_t mode = theOld.st_mode & 07777;
+    // The owner goes first, since a change of owner clears bits of the mode. Only root may give a
+    // file away; anybody else keeps it, without the bits that lend his rights out.
+    if (fchown(theDescriptor, theOld.st_uid, theOld.st_gid) != 0) {
+        mode &= 0777;
+    }
+    if (fchmod(theDescriptor, mode) != 0) {
+        throw CliFileError(thePath, "cannot set the mode", errno);
+    }
+}
+
+// Into what is no regular file, where nothing can be renamed to.
 void writeStraight(const std::string& thePath, std::string_view theBytes) {
     const int descriptor = open(thePath.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0) {
@@ -216,25 +231,24 @@ void writeOutput(const std::string& thePath, std::string_view theBytes) {
     if (old.has_value() && faccessat(AT_FDCWD, thePath.c_str(), W_OK, AT_EACCESS) != 0) {
         throw CliFileError(thePath, "cannot write", errno);
     }
-    const fs::path place = withoutLinks(thePath);
-    TemporaryFile temporary(thePath, place);
+    TemporaryFile temporary(thePath, withoutLinks(thePath));
     writeAll(temporary.getDescriptor(), theBytes, thePath);
     if (old.has_value()) {
-        mode_t mode = old->st_mode & 07777;
-        // The owner goes first, since a change of owner clears bits of the mode. Only root may
-        // give a file away; anybody else keeps it, without the bits that lend his rights out.
-        if (fchown(temporary.getDescriptor(), old->st_uid, old->st_gid) != 0) {
-            mode &= 0777;
-        }
-        if (fchmod(temporary.getDescriptor(), mode) != 0) {
-            throw CliFileError(thePath, "cannot set the mode", errno);
-        }
+        copyRights(*old, temporary.getDescriptor(), thePath);
     }
     temporary.takePlace();
 }
 
 void writeDescriptor(int theDescriptor, std::string_view theBytes, const std::string& theName) {
     writeAll(theDescriptor, theBytes, theName);
+}
+
+void printText(std::string_view theText) {
+    try {
+        writeDescriptor(STDOUT_FILENO, theText, "standard output");
+    } catch (const CliFileError& error) {
+        throw CliUsageError(error.getPath() + ": " + error.what());
+    }
 }
 
 int namedDescriptor(const std::string& thePath) {

@@ -22,6 +22,10 @@ void writeOutput(const std::string& thePath, std::string_view theBytes);
 // Writes all of theBytes to an open descriptor; theName is for the message. Throws CliFileError.
 void writeDescriptor(int theDescriptor, std::string_view theBytes, const std::string& theName);
 
+// Writes the text of a verb that has no other product to standard output. Throws CliUsageError, so
+// that the program ends with its message and status.
+void printText(std::string_view theText);
+
 // The descriptor that thePath is a name of, as /dev/stdout and /dev/fd/7 are; -1 for others.
 int namedDescriptor(const std::string& thePath);
 

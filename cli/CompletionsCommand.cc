@@ -2,15 +2,12 @@
 // their values is in the two tables below.
 #include "CompletionsCommand.h"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <string_view>
 #include <vector>
 
 #include "CliCharset.h"
-#include "CliError.h"
 #include "CliHelp.h"
 #include "CliOutput.h"
 #include "EncodeCommand.h"
@@ -168,70 +165,83 @@ Words optionWords(const std::vector<OptionEntry>& theOptions) {
     return result;
 }
 
+// Both names of an option, as bash matches them.
 std::string pattern(const OptionEntry& theOption) {
     return (theOption.shortName.empty() ? "" : "-" + theOption.shortName + "|") + "--" +
            theOption.longName;
 }
 
+// The script for bash up to the first verb. Within it $cur is the word to complete.
+constexpr std::string_view theBashHead = R"(# bash completion for lumnis
+_lumnis_files() {
+    local suffix
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(
+        if (($# == 0)); then compgen -f -- "$cur"; else compgen -d -- "$cur"; fi
+        for suffix in "$@"; do compgen -f -X "!*.$suffix" -- "$cur"; done)
+}
+
+_lumnis_words() {
+    mapfile -t COMPREPLY < <(compgen -W "$1" -- "$cur")
+}
+
+_lumnis() {
+    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} verb= word
+    COMPREPLY=()
+    # --option=value comes as three words.
+    if [[ $cur == = ]]; then
+        cur=
+    elif [[ $prev == = ]]; then
+        prev=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD - 1}"; do
+        if [[ $word != -* ]]; then
+            verb=$word
+            break
+        fi
+    done
+    case $verb in
+)";
+
+// The line for the value of theOption.
+std::string bashValue(const OptionEntry& theOption) {
+    std::string result = "        " + pattern(theOption) + ") ";
+    if (theOption.isPath) {
+        result += "_lumnis_files; ";
+    } else if (!theOption.words.empty()) {
+        result += "_lumnis_words \"" + joined(theOption.words, " ") + "\"; ";
+    }
+    return result + "return ;;\n";
+}
+
+std::string bashVerb(const VerbEntry& theVerb) {
+    std::string result = "    " + theVerb.name + ")\n        case $prev in\n";
+    for (const OptionEntry& option : theVerb.options) {
+        if (option.hasValue) {
+            result += bashValue(option);
+        }
+    }
+    result +=
+        "        esac\n"
+        "        if [[ $cur == -* ]]; then\n"
+        "            _lumnis_words \"" +
+        joined(optionWords(theVerb.options), " ") + "\"\n";
+    if (!theVerb.suffixes.empty()) {
+        result += "        else\n            _lumnis_files " + joined(theVerb.suffixes, " ") + "\n";
+    } else if (!theVerb.words.empty()) {
+        result +=
+            "        else\n            _lumnis_words \"" + joined(theVerb.words, " ") + "\"\n";
+    }
+    return result + "        fi\n        ;;\n";
+}
+
 std::string bashCompletions(const std::vector<VerbEntry>& theVerbs,
                             const std::vector<OptionEntry>& theTopOptions) {
+    std::string result(theBashHead);
     Words verbs;
     for (const VerbEntry& verb : theVerbs) {
         verbs.push_back(verb.name);
-    }
-    std::string result =
-        "# bash completion for lumnis\n"
-        "_lumnis_files() {\n"
-        "    local suffix\n"
-        "    compopt -o filenames 2>/dev/null\n"
-        "    mapfile -t COMPREPLY < <(\n"
-        "        if (($# == 0)); then compgen -f -- \"$cur\"; else compgen -d -- \"$cur\"; fi\n"
-        "        for suffix in \"$@\"; do compgen -f -X \"!*.$suffix\" -- \"$cur\"; done)\n"
-        "}\n\n"
-        "_lumnis_words() {\n"
-        "    mapfile -t COMPREPLY < <(compgen -W \"$1\" -- \"$cur\")\n"
-        "}\n\n"
-        "_lumnis() {\n"
-        "    local cur=${COMP_WORDS[COMP_CWORD]} prev=${COMP_WORDS[COMP_CWORD - 1]} verb= word\n"
-        "    COMPREPLY=()\n"
-        "    # --option=value comes as three words.\n"
-        "    if [[ $cur == = ]]; then\n"
-        "        cur=\n"
-        "    elif [[ $prev == = ]]; then\n"
-        "        prev=${COMP_WORDS[COMP_CWORD - 2]}\n"
-        "    fi\n"
-        "    for word in \"${COMP_WORDS[@]:1:COMP_CWORD - 1}\"; do\n"
-        "        if [[ $word != -* ]]; then\n"
-        "            verb=$word\n"
-        "            break\n"
-        "        fi\n"
-        "    done\n"
-        "    case $verb in\n";
-    for (const VerbEntry& verb : theVerbs) {
-        result += "    " + verb.name + ")\n        case $prev in\n";
-        for (const OptionEntry& option : verb.options) {
-            if (option.hasValue) {
-                result += "        " + pattern(option) + ") ";
-                result += option.isPath ? "_lumnis_files; "
-                          : option.words.empty()
-                              ? ""
-                              : "_lumnis_words \"" + joined(option.words, " ") + "\"; ";
-                result += "return ;;\n";
-            }
-        }
-        result +=
-            "        esac\n"
-            "        if [[ $cur == -* ]]; then\n"
-            "            _lumnis_words \"" +
-            joined(optionWords(verb.options), " ") + "\"\n";
-        if (!verb.suffixes.empty()) {
-            result +=
-                "        else\n            _lumnis_files " + joined(verb.suffixes, " ") + "\n";
-        } else if (!verb.words.empty()) {
-            result +=
-                "        else\n            _lumnis_words \"" + joined(verb.words, " ") + "\"\n";
-        }
-        result += "        fi\n        ;;\n";
+        result += bashVerb(verb);
     }
     return result + "    *) _lumnis_words \"" + joined(verbs, " ") + " " +
            joined(optionWords(theTopOptions), " ") +
@@ -257,6 +267,20 @@ std::string zshOption(const OptionEntry& theOption) {
     return result + "'";
 }
 
+std::string zshVerb(const VerbEntry& theVerb) {
+    std::string result = "        " + theVerb.name + ")\n            _arguments";
+    for (const OptionEntry& option : theVerb.options) {
+        result += " \\\n                " + zshOption(option);
+    }
+    if (!theVerb.suffixes.empty()) {
+        result += " \\\n                '*:file:_files -g \"*.(" + joined(theVerb.suffixes, "|") +
+                  ")(-.)\"'";
+    } else if (!theVerb.words.empty()) {
+        result += " \\\n                '1:word:(" + joined(theVerb.words, " ") + ")'";
+    }
+    return result + "\n            ;;\n";
+}
+
 std::string zshCompletions(const std::vector<VerbEntry>& theVerbs,
                            const std::vector<OptionEntry>& theTopOptions) {
     std::string result =
@@ -279,17 +303,7 @@ std::string zshCompletions(const std::vector<VerbEntry>& theVerbs,
         "    argument)\n"
         "        case $line[1] in\n";
     for (const VerbEntry& verb : theVerbs) {
-        result += "        " + verb.name + ")\n            _arguments";
-        for (const OptionEntry& option : verb.options) {
-            result += " \\\n                " + zshOption(option);
-        }
-        if (!verb.suffixes.empty()) {
-            result += " \\\n                '*:file:_files -g \"*.(" + joined(verb.suffixes, "|") +
-                      ")(-.)\"'";
-        } else if (!verb.words.empty()) {
-            result += " \\\n                '1:word:(" + joined(verb.words, " ") + ")'";
-        }
-        result += "\n            ;;\n";
+        result += zshVerb(verb);
     }
     return result +
            "        esac\n"
@@ -310,6 +324,23 @@ std::string fishOption(const std::string& theCondition, const OptionEntry& theOp
     return result + " -d '" + theOption.purpose + "'\n";
 }
 
+std::string fishVerb(const VerbEntry& theVerb) {
+    const std::string condition = "__fish_seen_subcommand_from " + theVerb.name;
+    std::string result;
+    for (const std::string_view suffix : theVerb.suffixes) {
+        result += "complete -c lumnis -n '" + condition + "' -a '(__fish_complete_suffix ." +
+                  std::string(suffix) + ")'\n";
+    }
+    if (!theVerb.words.empty()) {
+        result +=
+            "complete -c lumnis -n '" + condition + "' -a '" + joined(theVerb.words, " ") + "'\n";
+    }
+    for (const OptionEntry& option : theVerb.options) {
+        result += fishOption(condition, option);
+    }
+    return result;
+}
+
 std::string fishCompletions(const std::vector<VerbEntry>& theVerbs,
                             const std::vector<OptionEntry>& theTopOptions) {
     std::string result = "# fish completion for lumnis\ncomplete -c lumnis -f\n";
@@ -321,18 +352,7 @@ std::string fishCompletions(const std::vector<VerbEntry>& theVerbs,
                   verb.purpose + "'\n";
     }
     for (const VerbEntry& verb : theVerbs) {
-        const std::string condition = "__fish_seen_subcommand_from " + verb.name;
-        for (const std::string_view suffix : verb.suffixes) {
-            result += "complete -c lumnis -n '" + condition + "' -a '(__fish_complete_suffix ." +
-                      std::string(suffix) + ")'\n";
-        }
-        if (!verb.words.empty()) {
-            result +=
-                "complete -c lumnis -n '" + condition + "' -a '" + joined(verb.words, " ") + "'\n";
-        }
-        for (const OptionEntry& option : verb.options) {
-            result += fishOption(condition, option);
-        }
+        result += fishVerb(verb);
     }
     return result;
 }
@@ -353,15 +373,9 @@ void CompletionsCommand::addTo(CLI::App& theApp) {
 CliExit CompletionsCommand::run(const CLI::App& theApp) const {
     const std::vector<VerbEntry> verbs = verbsOf(theApp);
     const std::vector<OptionEntry> topOptions = optionsOf(theApp);
-    try {
-        writeDescriptor(STDOUT_FILENO,
-                        shellM == "bash"  ? bashCompletions(verbs, topOptions)
-                        : shellM == "zsh" ? zshCompletions(verbs, topOptions)
-                                          : fishCompletions(verbs, topOptions),
-                        "standard output");
-    } catch (const CliFileError& error) {
-        throw CliUsageError(error.getPath() + ": " + error.what());
-    }
+    printText(shellM == "bash"  ? bashCompletions(verbs, topOptions)
+              : shellM == "zsh" ? zshCompletions(verbs, topOptions)
+                                : fishCompletions(verbs, topOptions));
     return CliExit::success;
 }
 

@@ -1,7 +1,5 @@
 #include "ExplainCommand.h"
 
-#include <unistd.h>
-
 #include <CLI/CLI.hpp>
 #include <string_view>
 
@@ -151,11 +149,7 @@ CliExit ExplainCommand::run() const {
                                 "\" (without a text all are listed)");
         }
     }
-    try {
-        writeDescriptor(STDOUT_FILENO, text, "standard output");
-    } catch (const CliFileError& error) {
-        throw CliUsageError(error.getPath() + ": " + error.what());
-    }
+    printText(text);
     return CliExit::success;
 }
 

@@ -12,12 +12,12 @@ namespace lumnis {
 
 // Watches files by their names in their folders: a file counts as changed when it has been written
 // and closed, and when another file has been renamed to its name, as editors do. It may be missing
-// and come later. For one thread; from the first wait on, Ctrl-C ends the waiting and not the
+// and come later. For one thread; from its construction on, Ctrl-C ends the waiting and not the
 // program.
 class CliWatcher {
   public:
-    // Watches from now on: what changes in front of the first wait is not lost. Throws CliFileError
-    // for a folder that cannot be watched.
+    // Watches from now on: what changes before the first wait is not lost. Throws CliFileError for
+    // a folder that cannot be watched.
     explicit CliWatcher(const std::vector<std::string>& thePaths);
     CliWatcher(const CliWatcher&) = delete;
     CliWatcher& operator=(const CliWatcher&) = delete;

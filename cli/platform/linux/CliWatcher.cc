@@ -33,6 +33,26 @@ std::string folderOf(const fs::path& thePath) {
     return folder.empty() ? "." : folder;
 }
 
+// A descriptor that Ctrl-C makes readable instead of ending the program. -1, and all stays as it
+// was, where there is none to be had, or where the parent has SIGINT ignored (a shell, for jobs in
+// the background).
+int openInterrupts() {
+    struct sigaction action {};
+    sigaction(SIGINT, nullptr, &action);
+    if (action.sa_handler == SIG_IGN) {
+        return -1;
+    }
+    sigset_t interrupt;
+    sigemptyset(&interrupt);
+    sigaddset(&interrupt, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &interrupt, nullptr);
+    const int descriptor = signalfd(-1, &interrupt, SFD_CLOEXEC);
+    if (descriptor < 0) {
+        pthread_sigmask(SIG_UNBLOCK, &interrupt, nullptr);
+    }
+    return descriptor;
+}
+
 }  // namespace
 
 CliWatcher::CliWatcher(const std::vector<std::string>& thePaths) {
@@ -58,19 +78,7 @@ CliWatcher::CliWatcher(const std::vector<std::string>& thePaths) {
         close(eventsM);
         throw;
     }
-    struct sigaction action {};
-    // What the parent has ignored (a shell, for jobs in the background) stays ignored.
-    sigaction(SIGINT, nullptr, &action);
-    if (action.sa_handler != SIG_IGN) {
-        sigset_t interrupt;
-        sigemptyset(&interrupt);
-        sigaddset(&interrupt, SIGINT);
-        pthread_sigmask(SIG_BLOCK, &interrupt, nullptr);
-        interruptsM = signalfd(-1, &interrupt, SFD_CLOEXEC);
-        if (interruptsM < 0) {
-            pthread_sigmask(SIG_UNBLOCK, &interrupt, nullptr);
-        }
-    }
+    interruptsM = openInterrupts();
 }
 
 CliWatcher::~CliWatcher() {
