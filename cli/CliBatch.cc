@@ -12,10 +12,10 @@
 
 #include "CliError.h"
 #include "CliInput.h"
-#include "CliOrder.h"
 #include "CliOutput.h"
 #include "CliProgress.h"
 #include "CliWatcher.h"
+#include "CliWorkers.h"
 #include "PrintableText.h"
 
 namespace lumnis {
@@ -31,7 +31,7 @@ bool isFolder(const std::string& thePath) {
 
 CliBatchResult failure(const std::string& theName, const std::string& theMessage) {
     CliBatchResult result;
-    result.diagnostics.push_back({theName, 0, theMessage, {}, {}});
+    result.diagnostics.push_back(fileDiagnostic(theName, theMessage));
     return result;
 }
 
@@ -61,7 +61,6 @@ class Batch {
     const CliBatchWork& workM;
     std::vector<std::string> targetsM;  // one for each input, if there are products
     bool isOutputTakenM = false;        // standard output carries a product
-    bool isColouredM = isColourWanted(STDERR_FILENO);
     std::vector<std::string> sideTextsM;
     bool hasGoodOneM = false;
     CliExit exitM = CliExit::success;
@@ -226,16 +225,14 @@ void Batch::report(const CliDiagnostic& theDiagnostic, CliExit theExit) {
     exitM = graver(exitM, theExit);
     progressM.clear();
     try {
-        writeDescriptor(STDERR_FILENO,
-                        formatDiagnostic(theDiagnostic, errorForm(optionsM), isColouredM),
-                        "standard error");
+        printDiagnostic(theDiagnostic, errorForm(optionsM));
     } catch (const CliFileError&) {
         exitM = CliExit::failed;  // there is no other place to tell it
     }
 }
 
 void Batch::reportFile(const CliFileError& theError) {
-    report({theError.getPath(), 0, theError.what(), {}, {}}, CliExit::failed);
+    report(fileDiagnostic(theError.getPath(), theError.what()), CliExit::failed);
 }
 
 // The inputs that have changed. A listing is about all of them, so with one all are worked on.
@@ -287,11 +284,7 @@ CliExit watchBatch(const CliBatchOptions& theOptions, const CliBatchWork& theWor
             }
         }
     } catch (const CliFileError& error) {
-        const CliDiagnostic diagnostic{error.getPath(), 0, error.what(), {}, {}};
-        writeDescriptor(
-            STDERR_FILENO,
-            formatDiagnostic(diagnostic, errorForm(theOptions), isColourWanted(STDERR_FILENO)),
-            "standard error");
+        printDiagnostic(fileDiagnostic(error.getPath(), error.what()), errorForm(theOptions));
         return CliExit::failed;
     }
 }
