@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 
 #include "CliCharset.h"
 #include "PrintableText.h"
@@ -155,9 +154,8 @@ std::optional<CliTextFault> findBadUtf8(std::string_view theText) {
     for (std::size_t i = 0; i < theText.size();) {
         const std::size_t length = utf8SequenceLength(theText, i);
         if (length == 0) {
-            char byte[8];
-            std::snprintf(byte, sizeof byte, "0x%02X", static_cast<unsigned char>(theText[i]));
-            return CliTextFault{"the byte " + std::string(byte) +
+            const std::string byte = hexByte(static_cast<unsigned char>(theText[i]));
+            return CliTextFault{"the byte 0x" + byte +
                                     " is no UTF-8: the XML declaration must name the encoding "
                                     "that the file has",
                                 lineAt(theText, i)};

@@ -12,7 +12,6 @@ namespace lumnis {
 
 namespace {
 
-constexpr std::uint32_t theDumpUtf8 = 106;
 constexpr std::uint32_t theTwoByteSets[] = {1000, 1013, 1014, 1015};   // UCS-2 and UTF-16
 constexpr std::uint32_t theFourByteSets[] = {1001, 1017, 1018, 1019};  // UCS-4 and UTF-32
 
@@ -21,18 +20,14 @@ bool isOneOf(const Sets& theSets, std::uint32_t theNumber) {
     return std::find(std::begin(theSets), std::end(theSets), theNumber) != std::end(theSets);
 }
 
-std::string escapedByte(char theByte) {
-    constexpr char theDigits[] = "0123456789ABCDEF";
-    const auto value = static_cast<unsigned char>(theByte);
-    return {'\\', 'x', theDigits[value >> 4], theDigits[value & 15]};
-}
-
+// The bytes as they are where they are ASCII or, with theIsUtf8, well-formed UTF-8; \xHH for
+// others.
 std::string escapeOthers(std::string_view theBytes, bool theIsUtf8) {
     std::string result;
     for (std::size_t i = 0; i < theBytes.size();) {
         std::size_t length = utf8SequenceLength(theBytes, i);
         if (length == 0 || (length > 1 && !theIsUtf8)) {
-            result += escapedByte(theBytes[i]);
+            result += "\\x" + hexByte(static_cast<unsigned char>(theBytes[i]));
             length = 1;
         } else {
             result += theBytes.substr(i, length);
@@ -67,7 +62,7 @@ std::string DumpCharset::nameOf(std::uint32_t theNumber) {
 }
 
 std::string DumpCharset::decode(std::string_view theBytes) {
-    if (numberM == theDumpUtf8 || theBytes.empty()) {
+    if (numberM == theUtf8 || theBytes.empty()) {
         return escapeOthers(theBytes, true);
     }
     const auto charset = static_cast<HedCharsetId>(numberM);

@@ -12,6 +12,8 @@ class CcCharsetConverter;
 
 class DumpCharset {
   public:
+    static constexpr std::uint32_t theUtf8 = 106;
+
     // theNumber is an IANA MIBenum; 0 stands for an unknown charset.
     explicit DumpCharset(std::uint32_t theNumber);
     DumpCharset(DumpCharset&&) noexcept;
@@ -22,7 +24,7 @@ class DumpCharset {
     static std::string nameOf(std::uint32_t theNumber);
     static bool isKnown(std::uint32_t theNumber);
 
-    // Zero bytes that end a string.
+    // How many zero bytes end a string: 1, 2 or 4.
     std::uint32_t terminatorWidth() const noexcept { return terminatorWidthM; }
     // Well-formed UTF-8. What the charset does not allow, and all bytes outside of ASCII of a
     // charset that cannot be converted, come out as \xHH.

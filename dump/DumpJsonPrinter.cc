@@ -1,3 +1,5 @@
+#include <iterator>
+
 #include "DumpPrinter.h"
 #include "PrintableText.h"
 
@@ -5,18 +7,18 @@ namespace lumnis {
 
 namespace {
 
+// In the order of DumpKind.
 constexpr std::string_view theKindNames[] = {
     "header",        "string",       "page",     "tag",      "attribute",
     "attributesEnd", "elementEnd",   "text",     "variable", "entity",
     "opaque",        "extension",    "pi",       "piEnd",    "constant",
     "pragma",        "functionName", "function", "label",    "instruction"};
+static_assert(std::size(theKindNames) == static_cast<std::size_t>(DumpKind::instruction) + 1);
 
 std::string hexText(std::string_view theBytes) {
-    constexpr char theDigits[] = "0123456789ABCDEF";
     std::string result;
     for (const char byte : theBytes) {
-        const auto value = static_cast<unsigned char>(byte);
-        result += {theDigits[value >> 4], theDigits[value & 15]};
+        result += hexByte(static_cast<unsigned char>(byte));
     }
     return result;
 }

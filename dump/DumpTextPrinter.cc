@@ -88,14 +88,8 @@ std::string byteColumn(std::string_view theFile, std::size_t theOffset, std::siz
     std::snprintf(text, sizeof text, "%06X ", static_cast<unsigned>(theOffset));
     std::string result = text;
     for (std::size_t i = 0; i < theBytesPerLine; ++i) {
-        if (i < theCount) {
-            std::snprintf(
-                text, sizeof text, " %02X",
-                static_cast<unsigned>(static_cast<unsigned char>(theFile[theOffset + i])));
-            result += text;
-        } else {
-            result += "   ";
-        }
+        result += i < theCount ? ' ' + hexByte(static_cast<unsigned char>(theFile[theOffset + i]))
+                               : std::string("   ");
     }
     return result + "  ";
 }

@@ -1,19 +1,19 @@
 #include "PrintableText.h"
 
 #include <cstdint>
-#include <cstdio>
 
 namespace lumnis {
 
 namespace {
 
-std::string hexEscape(const char* theFormat, unsigned theValue) {
-    char text[8];
-    std::snprintf(text, sizeof text, theFormat, theValue);
-    return text;
-}
+constexpr char theCapitalDigits[] = "0123456789ABCDEF";
+constexpr char theSmallDigits[] = "0123456789abcdef";
 
 }  // namespace
+
+std::string hexByte(unsigned char theByte) {
+    return {theCapitalDigits[theByte >> 4], theCapitalDigits[theByte & 15]};
+}
 
 std::size_t utf8SequenceLength(std::string_view theText, std::size_t thePosition) {
     const auto byteAt = [&](std::size_t i) -> std::uint32_t {
@@ -53,7 +53,7 @@ std::string visibleText(std::string_view theText) {
             result += byte == '\n' ? "\\n" : "\\r";
             ++i;
         } else if (length == 0 || isC1 || (byte < 0x20 && byte != '\t') || byte == 0x7F) {
-            result += hexEscape("\\x%02X", byte);
+            result += "\\x" + hexByte(byte);
             ++i;
         } else {
             result += theText.substr(i, length);
@@ -75,7 +75,9 @@ std::string jsonString(std::string_view theText) {
         } else if (c == '\n' || c == '\r' || c == '\t') {
             result += c == '\n' ? "\\n" : c == '\r' ? "\\r" : "\\t";
         } else if (length == 1 && (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)) {
-            result += hexEscape("\\u%04x", static_cast<unsigned char>(c));
+            const auto byte = static_cast<unsigned char>(c);
+            result += "\\u00";
+            result += {theSmallDigits[byte >> 4], theSmallDigits[byte & 15]};
         } else {
             result += theText.substr(i, length);
         }

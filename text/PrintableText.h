@@ -6,11 +6,14 @@
 
 namespace lumnis {
 
-// ASCII capitals in small, whatever the locale; other bytes as they are.
+// The small letter of an ASCII capital, whatever the locale; other bytes as they are.
 constexpr char asciiLower(char theLetter) {
     return theLetter >= 'A' && theLetter <= 'Z' ? static_cast<char>(theLetter + ('a' - 'A'))
                                                 : theLetter;
 }
+
+// Two hexadecimal digits, in capitals.
+std::string hexByte(unsigned char theByte);
 
 // Length of the well-formed UTF-8 sequence at thePosition, 1 to 4; 0 when there is none.
 std::size_t utf8SequenceLength(std::string_view theText, std::size_t thePosition);
