@@ -2,8 +2,8 @@
 
 #include <bit>
 #include <charconv>
-#include <cstdio>
 
+#include "PrintableText.h"
 #include "WscFunctionLibraryTable.h"
 
 namespace lumnis {
@@ -48,6 +48,46 @@ std::string counted(std::uint32_t theCount, const char* theThing) {
 bool isJump(WscOperands theOperands) {
     return theOperands == WscOperands::JumpShort || theOperands == WscOperands::JumpByte ||
            theOperands == WscOperands::JumpWord;
+}
+
+bool isBackwardJump(WscOpcode theOpcode) {
+    switch (theOpcode) {
+        case WscOpcode::JumpBw:
+        case WscOpcode::JumpBwS:
+        case WscOpcode::JumpBwW:
+        case WscOpcode::TjumpBw:
+        case WscOpcode::TjumpBwW:
+            return true;
+        default:
+            return false;
+    }
+}
+
+// The operands of a jump are its label; this is for the others.
+std::string operandText(WscOperands theForm, const std::uint32_t (&theOperands)[3]) {
+    std::size_t count = 1;
+    switch (theForm) {
+        case WscOperands::None:
+        case WscOperands::Pseudo:
+            count = 0;
+            break;
+        case WscOperands::LibraryShort:
+        case WscOperands::LibraryByte:
+        case WscOperands::LibraryWord:
+            count = 2;
+            break;
+        case WscOperands::UrlByte:
+        case WscOperands::UrlWord:
+            count = 3;
+            break;
+        default:
+            break;
+    }
+    std::string text;
+    for (std::size_t i = 0; i < count; ++i) {
+        text += (i == 0 ? "" : " ") + std::to_string(theOperands[i]);
+    }
+    return text;
 }
 
 }  // namespace
@@ -148,7 +188,8 @@ void DumpByteCodeReader::constant(std::uint32_t theIndex) {
             break;
         }
         case theUtf8String:
-            text = DumpCharset(106).decode(cursorM.take(cursorM.multiByte(what), what));
+            text = DumpCharset(DumpCharset::theUtf8)
+                       .decode(cursorM.take(cursorM.multiByte(what), what));
             break;
         case theExternString:
             text = charsetM.decode(cursorM.take(cursorM.multiByte(what), what));
@@ -200,7 +241,8 @@ void DumpByteCodeReader::names() {
             fail("a name for function " + std::to_string(number) + ", which is not there");
         }
         const unsigned length = cursorM.byte("a function name");
-        std::string name = DumpCharset(106).decode(cursorM.take(length, "a function name"));
+        std::string name =
+            DumpCharset(DumpCharset::theUtf8).decode(cursorM.take(length, "a function name"));
         namesM[number] = name;
         add(DumpKind::functionName, "function " + std::to_string(number), {}, std::move(name))
             .value = number;
@@ -213,7 +255,7 @@ void DumpByteCodeReader::function(unsigned theNumber) {
         theNumber;
     const unsigned locals = cursorM.byte("a function");
     add(DumpKind::header, "local variables", std::to_string(locals));
-    variablesM = arguments + locals;
+    variableCountM = arguments + locals;
     const std::uint32_t size = cursorM.multiByte("a function");
     if (size > cursorM.rest()) {
         fail("the function has " + counted(size, "byte") + " of code, the file only " +
@@ -235,7 +277,7 @@ void DumpByteCodeReader::function(unsigned theNumber) {
     };
     for (const Instruction& each : code) {
         addLabel(each.offset);
-        list(each, isJump(each.info->operands) ? labels[each.target - start] : 0);
+        addInstruction(each, isJump(each.info->operands) ? labels[each.target - start] : 0);
     }
     addLabel(end);
     startM = end;
@@ -260,9 +302,7 @@ DumpByteCodeReader::Instruction DumpByteCodeReader::instruction() {
     const std::uint8_t first = cursorM.byte(what);
     result.info = findOpcode(first);
     if (result.info == nullptr) {
-        char text[8];
-        std::snprintf(text, sizeof text, "%02X", first);
-        fail(std::string("no instruction begins with the byte ") + text);
+        fail("no instruction begins with the byte " + hexByte(first));
     }
     const std::uint32_t inside = first - static_cast<std::uint32_t>(valueOf(result.info->opcode));
     std::uint32_t(&operands)[3] = result.operands;
@@ -307,19 +347,21 @@ DumpByteCodeReader::Instruction DumpByteCodeReader::instruction() {
     }
     result.end = cursorM.position();
     if (isJump(result.info->operands)) {
-        jumpTo(result, operands[0]);
+        result.target = targetOf(result);
     }
     return result;
 }
 
 // Forward from the end of the instruction, backward from its start.
-void DumpByteCodeReader::jumpTo(Instruction& theInstruction, std::uint32_t theDistance) const {
-    const bool isBackward = theInstruction.info->name.find("_BW") != std::string_view::npos;
-    if (isBackward && theDistance > theInstruction.offset) {
+std::uint32_t DumpByteCodeReader::targetOf(const Instruction& theJump) const {
+    const std::uint32_t distance = theJump.operands[0];
+    if (!isBackwardJump(theJump.info->opcode)) {
+        return theJump.end + distance;
+    }
+    if (distance > theJump.offset) {
         fail("a jump in front of the code");
     }
-    theInstruction.target =
-        isBackward ? theInstruction.offset - theDistance : theInstruction.end + theDistance;
+    return theJump.offset - distance;
 }
 
 std::vector<std::uint32_t> DumpByteCodeReader::findLabels(const std::vector<Instruction>& theCode,
@@ -350,36 +392,12 @@ std::vector<std::uint32_t> DumpByteCodeReader::findLabels(const std::vector<Inst
     return labels;
 }
 
-void DumpByteCodeReader::list(const Instruction& theInstruction, std::uint32_t theLabel) {
+void DumpByteCodeReader::addInstruction(const Instruction& theInstruction, std::uint32_t theLabel) {
     startM = theInstruction.offset;
-    std::string text;
-    std::string name;
-    switch (theInstruction.info->operands) {
-        case WscOperands::None:
-        case WscOperands::Pseudo:
-            break;
-        case WscOperands::JumpShort:
-        case WscOperands::JumpByte:
-        case WscOperands::JumpWord:
-            text = "L" + std::to_string(theLabel);
-            break;
-        case WscOperands::LibraryShort:
-        case WscOperands::LibraryByte:
-        case WscOperands::LibraryWord:
-            text = std::to_string(theInstruction.operands[0]) + " " +
-                   std::to_string(theInstruction.operands[1]);
-            break;
-        case WscOperands::UrlByte:
-        case WscOperands::UrlWord:
-            text = std::to_string(theInstruction.operands[0]) + " " +
-                   std::to_string(theInstruction.operands[1]) + " " +
-                   std::to_string(theInstruction.operands[2]);
-            break;
-        default:
-            text = std::to_string(theInstruction.operands[0]);
-            break;
-    }
-    name = meaning(theInstruction);
+    std::string text = isJump(theInstruction.info->operands)
+                           ? "L" + std::to_string(theLabel)
+                           : operandText(theInstruction.info->operands, theInstruction.operands);
+    std::string name = meaning(theInstruction);
     DumpPiece& piece = add(DumpKind::instruction, std::string(theInstruction.info->name),
                            std::move(text), std::move(name));
     piece.length = theInstruction.end - theInstruction.offset;
@@ -425,7 +443,7 @@ std::string DumpByteCodeReader::meaning(const Instruction& theInstruction) {
             }
             return namesM[first];
         default:
-            if (first >= variablesM) {
+            if (first >= variableCountM) {
                 fail("there is no variable " + std::to_string(first));
             }
             return {};

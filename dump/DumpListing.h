@@ -29,7 +29,7 @@ enum class DumpKind : std::uint8_t {
     piEnd,
     // byte code
     constant,      // value is its index
-    pragma,        //
+    pragma,        // text the indices of its constants, name their texts
     functionName,  // value is the number of the function
     function,      // the first field of a function, whose name and number these are
     label,         // no bytes: value is its number, from 1 in each function

@@ -1,5 +1,9 @@
 #include "DumpVocabulary.h"
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+
 namespace lumnis {
 
 namespace {
@@ -26,6 +30,7 @@ constexpr std::string_view theElementContentTags[] = {
     "refresh", "select", "table", "template", "tr",      "wml",      "wta-wml",
 };
 
+// theRows are in the order of their tokens.
 template <typename Row, std::size_t theSize>
 const Row* findToken(const std::array<Row, theSize>& theRows, unsigned theToken) {
     const auto row = std::lower_bound(

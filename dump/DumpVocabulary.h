@@ -16,7 +16,8 @@ struct DumpPublicId {
     bool isWml;                 // the tokens are those of WML or WTA-WML
 };
 
-// Null for a number that is not registered, and for 0 and 1.
+// By number, or by the identifier itself. Null for one that is not registered, and for the numbers
+// 0 and 1, which stand for an identifier in the string table and for an unknown one.
 const DumpPublicId* findPublicId(std::uint32_t theNumber);
 const DumpPublicId* findPublicId(std::string_view theName);
 
@@ -25,7 +26,7 @@ const WmlTagToken* findWmlTag(unsigned thePage, unsigned theToken);
 const WmlAttrToken* findWmlAttr(unsigned thePage, unsigned theToken);
 const WmlAttrValueToken* findWmlAttrValue(unsigned thePage, unsigned theToken);
 
-// Whether white space between the tags inside of a WML element means nothing.
+// Whether a WML element has only elements in it: white space between them means nothing.
 bool hasElementContent(std::string_view theWmlTag);
 
 }  // namespace lumnis

@@ -1,7 +1,5 @@
 #include "DumpWbxmlReader.h"
 
-#include <cstdio>
-
 #include "DumpVocabulary.h"
 #include "PrintableText.h"
 #include "XaWbxmlToken.h"
@@ -13,14 +11,14 @@ namespace {
 constexpr unsigned theTokenMask = 0x3F;  // of a tag, without its two bits
 constexpr unsigned theWmlRootToken = wmlTagToken("wml");
 
-std::string hexByte(unsigned theValue) {
-    char text[8];
-    std::snprintf(text, sizeof text, "%02X", theValue & 0xFF);
-    return text;
-}
+// Global tokens that the encoder does not write.
+constexpr XaWbxmlToken::Type theEntity = 0x02;
+constexpr XaWbxmlToken::Type theOpaque = 0xC3;
+constexpr XaWbxmlToken::Type theExt0 = 0xC0;
 
+// For a token that has no name.
 std::string numberedName(const char* theKind, unsigned thePage, unsigned theToken) {
-    const std::string name = theKind + hexByte(theToken);
+    const std::string name = theKind + hexByte(static_cast<unsigned char>(theToken));
     return thePage == 0 ? name : "p" + std::to_string(thePage) + "_" + name;
 }
 
@@ -124,11 +122,28 @@ void DumpWbxmlReader::prolog() {
     }
     add(DumpKind::header, "version", "WBXML 1." + std::to_string(version));
 
+    const std::optional<std::uint32_t> idOffset = publicId();
+    const std::size_t idPiece = listingM.pieces.size() - 1;
+
+    const std::uint32_t charset = cursorM.multiByte("the charset");
+    charsetM = DumpCharset(charset);
+    add(DumpKind::header, "charset", DumpCharset::nameOf(charset));
+
+    stringTable();
+    if (idOffset) {
+        DumpPiece& piece = listingM.pieces[idPiece];
+        piece.text = listingM.publicId = lookUp(*idOffset, piece.offset);
+        if (const DumpPublicId* const spelled = findPublicId(listingM.publicId)) {
+            listingM.isWml = spelled->isWml;
+        }
+    }
+}
+
+std::optional<std::uint32_t> DumpWbxmlReader::publicId() {
     const std::uint32_t number = cursorM.multiByte("the public identifier");
-    std::uint32_t idOffset = 0;
-    std::size_t idPiece = 0;
+    std::optional<std::uint32_t> offset;
     if (number == 0) {
-        idOffset = cursorM.multiByte("the public identifier");
+        offset = cursorM.multiByte("the public identifier");
     }
     isUnregisteredM = number <= 1;
     const DumpPublicId* const known = findPublicId(number);
@@ -140,12 +155,10 @@ void DumpWbxmlReader::prolog() {
         known != nullptr ? std::string(known->name)
         : number == 1    ? "unknown"
                          : "unregistered (" + std::to_string(number) + ")");
-    idPiece = listingM.pieces.size() - 1;
+    return offset;
+}
 
-    const std::uint32_t charset = cursorM.multiByte("the charset");
-    charsetM = DumpCharset(charset);
-    add(DumpKind::header, "charset", DumpCharset::nameOf(charset));
-
+void DumpWbxmlReader::stringTable() {
     const std::uint32_t length = cursorM.multiByte("the length of the string table");
     if (length > cursorM.rest()) {
         fail("the string table has " + std::to_string(length) + " bytes, the file only " +
@@ -154,26 +167,15 @@ void DumpWbxmlReader::prolog() {
     add(DumpKind::header, "string table",
         std::to_string(length) + (length == 1 ? " byte" : " bytes"));
     tableM = fileM.substr(cursorM.position(), length);
-    stringTable(length);
-    if (number == 0) {
-        DumpPiece& piece = listingM.pieces[idPiece];
-        piece.text = listingM.publicId = lookUp(idOffset, piece.offset);
-        if (const DumpPublicId* const spelled = findPublicId(listingM.publicId)) {
-            listingM.isWml = spelled->isWml;
-        }
-    }
-}
-
-void DumpWbxmlReader::stringTable(std::uint32_t theLength) {
     const std::uint32_t start = cursorM.position();
     const std::uint32_t width = charsetM.terminatorWidth();
-    while (cursorM.position() - start < theLength) {
+    while (cursorM.position() - start < length) {
         const std::uint32_t offset = cursorM.position() - start;
         const std::string_view rest = tableM.substr(offset);
-        const std::size_t length = DumpCursor::terminatedLength(rest, width);
-        const bool hasEnd = length != std::string_view::npos;
-        const std::string_view bytes = rest.substr(0, length);
-        cursorM.take(static_cast<std::uint32_t>(hasEnd ? length + width : rest.size()),
+        const std::size_t textLength = DumpCursor::terminatedLength(rest, width);
+        const bool hasEnd = textLength != std::string_view::npos;
+        const std::string_view bytes = rest.substr(0, textLength);
+        cursorM.take(static_cast<std::uint32_t>(hasEnd ? textLength + width : rest.size()),
                      "the string table");
         add(DumpKind::string, "string " + std::to_string(offset), charsetM.decode(bytes));
     }
@@ -230,7 +232,7 @@ void DumpWbxmlReader::body() {
         } else if (openM.empty()) {
             fail(std::string(globalName(token)) + " stands outside of the root element");
         } else {
-            value(token, Place::content);
+            value(token);
         }
     }
 }
@@ -313,7 +315,7 @@ void DumpWbxmlReader::attributes(Place thePlace) {
         } else if (!hasStart) {
             fail("a value in front of the first attribute");
         } else {
-            value(token, thePlace);
+            value(token);
         }
     }
 }
@@ -338,43 +340,42 @@ void DumpWbxmlReader::attributeStart(std::uint8_t theToken, Place thePlace) {
         std::move(prefix), std::move(name));
 }
 
-bool DumpWbxmlReader::value(std::uint8_t theToken, Place thePlace) {
+void DumpWbxmlReader::value(std::uint8_t theToken) {
     if (!isGlobal(theToken)) {
-        if (thePlace == Place::content || theToken < 0x80) {
-            return false;
-        }
-        const WmlAttrValueToken* const known =
-            listingM.isWml ? findWmlAttrValue(attrPageM, theToken) : nullptr;
-        if (known != nullptr) {
-            add(DumpKind::text, "value " + hexByte(theToken), std::string(known->text));
-        } else {
-            add(DumpKind::extension, "value " + hexByte(theToken),
-                numberedName("value_", attrPageM, theToken));
-        }
-        return true;
-    }
-    const std::string name(globalName(theToken));
-    if (name == "ENTITY") {
-        const std::uint32_t code = cursorM.multiByte("ENTITY");
-        const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
-        if (code == 0 || isSurrogate || code > 0x10FFFF) {
-            fail("ENTITY of " + std::to_string(code) + ", which is no character");
-        }
-        add(DumpKind::entity, name).value = code;
+        attributeValue(theToken);
+    } else if (theToken == theEntity) {
+        entity();
     } else if (theToken == XaWbxmlToken::STR_I) {
         std::string text = charsetM.decode(cursorM.terminated(charsetM.terminatorWidth(), "STR_I"));
-        add(DumpKind::text, name, std::move(text));
+        add(DumpKind::text, "STR_I", std::move(text));
     } else if (theToken == XaWbxmlToken::STR_T) {
         std::string text = reference("STR_T");
-        add(DumpKind::text, name, std::move(text));
-    } else if (name == "OPAQUE") {
+        add(DumpKind::text, "STR_T", std::move(text));
+    } else if (theToken == theOpaque) {
         opaque();
-    } else if (name.starts_with("EXT_")) {
-        extension(theToken);
     } else {
-        return false;
+        extension(theToken);
     }
-    return true;
+}
+
+void DumpWbxmlReader::attributeValue(std::uint8_t theToken) {
+    const WmlAttrValueToken* const known =
+        listingM.isWml ? findWmlAttrValue(attrPageM, theToken) : nullptr;
+    if (known != nullptr) {
+        add(DumpKind::text, "value " + hexByte(theToken), std::string(known->text));
+    } else {
+        add(DumpKind::extension, "value " + hexByte(theToken),
+            numberedName("value_", attrPageM, theToken));
+    }
+}
+
+void DumpWbxmlReader::entity() {
+    const std::uint32_t code = cursorM.multiByte("ENTITY");
+    const bool isSurrogate = code >= 0xD800 && code <= 0xDFFF;
+    if (code == 0 || isSurrogate || code > 0x10FFFF) {
+        fail("ENTITY of " + std::to_string(code) + ", which is no character");
+    }
+    add(DumpKind::entity, "ENTITY").value = code;
 }
 
 // EXT_I_n has a string, EXT_T_n an index, EXT_n nothing. In WML the first two are variables, by
@@ -386,7 +387,7 @@ void DumpWbxmlReader::extension(std::uint8_t theToken) {
     std::string text;
     if (theToken < XaWbxmlToken::EXT_T_0) {
         text = charsetM.decode(cursorM.terminated(charsetM.terminatorWidth(), "EXT_I"));
-    } else if (theToken < 0xC0) {
+    } else if (theToken < theExt0) {
         const std::uint32_t index = cursorM.multiByte("EXT_T");
         text = listingM.isWml ? lookUp(index, startM) : std::to_string(index);
     } else {

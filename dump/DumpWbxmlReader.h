@@ -7,6 +7,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,27 +20,31 @@ namespace lumnis {
 
 class DumpWbxmlReader {
   public:
-    // Texts of references and tokens together; a small file could name a long string again and
-    // again.
+    // Of texts and names of all pieces: a small file could name a long string again and again.
     static constexpr std::size_t theTextLimit = std::size_t{16} << 20;
 
     // The pieces and, for a damaged file, the fault. theFile has less than 4 GiB.
     static DumpListing read(std::string_view theFile);
 
   private:
-    enum class Place { content, attributes, instruction };
+    enum class Place { attributes, instruction };
 
     DumpWbxmlReader(std::string_view theFile, bool theIsWml);
 
     void run();
     void prolog();
-    void stringTable(std::uint32_t theLength);
+    // The offset of its text in the string table, if it stands there.
+    std::optional<std::uint32_t> publicId();
+    void stringTable();
     void body();
     void tag(std::uint8_t theToken);
     void attributes(Place thePlace);
     void attributeStart(std::uint8_t theToken, Place thePlace);
-    // Appends the piece of a token that is text in some way; false if theToken is none.
-    bool value(std::uint8_t theToken, Place thePlace);
+    // A token that is text in some way: any but tags, attribute starts, literals, PI, END and
+    // SWITCH_PAGE.
+    void value(std::uint8_t theToken);
+    void attributeValue(std::uint8_t theToken);
+    void entity();
     void extension(std::uint8_t theToken);
     void opaque();
     void switchPage(unsigned& thePage);
@@ -50,14 +55,14 @@ class DumpWbxmlReader {
                    std::string theName = {});
     [[noreturn]] void fail(std::string theMessage) const;  // at startM
     void checkTextLimit(const std::string& theText);
-    // The string at an offset of the table that is read now.
+    // The string of the table whose offset comes next.
     std::string reference(const char* theWhat);
     std::string lookUp(std::uint32_t theTableOffset, std::uint32_t thePlace);
     std::string literalName(const char* theWhat);
 
     std::string_view fileM;
     DumpCursor cursorM;
-    DumpCharset charsetM{106};
+    DumpCharset charsetM{DumpCharset::theUtf8};
     DumpListing listingM;
     std::string_view tableM;
     std::map<std::uint32_t, std::string> decodedM;  // strings of the table by offset
