@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::string_view theHole = "{}";
 
+// What stands between the holes of a message.
 std::vector<std::string_view> fixedParts(std::string_view theText) {
     std::vector<std::string_view> parts;
     for (std::size_t hole = theText.find(theHole); hole != std::string_view::npos;
@@ -28,6 +29,12 @@ std::size_t fixedLength(const CliMessageRow& theRow) {
         length += part.size();
     }
     return length;
+}
+
+// Where thePart stands at the end of theText, from theBegin on; npos if it does not.
+std::size_t findAtEnd(std::string_view theText, std::string_view thePart, std::size_t theBegin) {
+    return theText.substr(theBegin).ends_with(thePart) ? theText.size() - thePart.size()
+                                                       : std::string_view::npos;
 }
 
 bool containsWithoutCase(std::string_view theText, std::string_view thePart) {
@@ -69,7 +76,7 @@ std::string_view firstLine(std::string_view theText) {
     return theText.substr(0, theText.find_first_of("\r\n"));
 }
 
-// The names in theMessage, by the row that has most fixed text in common with it.
+// The names in theMessage, by the row that matches it with most fixed text.
 std::vector<std::string_view> namesOf(std::string_view theMessage) {
     std::vector<std::string_view> names;
     std::size_t best = 0;
@@ -103,23 +110,31 @@ CliSpan markedEndTag(std::string_view theMessage, const std::vector<std::string_
 std::span<const CliMessageRow> messageRows() {
     static const std::vector<CliMessageRow> rows = [] {
         std::vector<CliMessageRow> result;
-        for (const auto& table : {scriptMessages(), deckMessages(), xmlMessages(),
-                                  charsetMessages(), dumpMessages(), toolMessages()}) {
-            result.insert(result.end(), table.begin(), table.end());
-        }
+        const auto add = [&](std::span<const CliMessageRow> theTable, CliMessageOrigin theOrigin) {
+            for (const CliMessageRow& row : theTable) {
+                result.push_back(row);
+                result.back().origin = theOrigin;
+            }
+        };
+        add(scriptMessages(), CliMessageOrigin::script);
+        add(deckMessages(), CliMessageOrigin::deck);
+        add(xmlMessages(), CliMessageOrigin::xml);
+        add(charsetMessages(), CliMessageOrigin::charset);
+        add(dumpMessages(), CliMessageOrigin::dump);
+        add(toolMessages(), CliMessageOrigin::tool);
         return result;
     }();
     return rows;
 }
 
-std::string_view roadName(CliMessageRoad theRoad) {
+std::string_view originName(CliMessageOrigin theOrigin) {
     constexpr std::string_view theNames[] = {"Scripts",
                                              "Decks",
                                              "XML documents, decks among them",
                                              "Charsets",
                                              "Files that are dumped",
                                              "The command line"};
-    return theNames[static_cast<std::size_t>(theRoad)];
+    return theNames[static_cast<std::size_t>(theOrigin)];
 }
 
 bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool isPart,
@@ -131,12 +146,9 @@ bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool 
     }
     at += parts.front().size();
     for (std::size_t i = 1; i < parts.size(); ++i) {
-        // The last part is the end of the message.
+        const bool isLast = i + 1 == parts.size();
         const std::size_t next =
-            i + 1 < parts.size() || isPart ? theText.find(parts[i], at)
-            : theText.size() >= at + parts[i].size() && theText.ends_with(parts[i])
-                ? theText.size() - parts[i].size()
-                : std::string_view::npos;
+            isLast && !isPart ? findAtEnd(theText, parts[i], at) : theText.find(parts[i], at);
         if (next == std::string_view::npos) {
             return false;
         }

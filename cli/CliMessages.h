@@ -10,8 +10,8 @@
 
 namespace lumnis {
 
-// Where a message comes from, which is also what its example is run with.
-enum class CliMessageRoad {
+// What a message is about; it tells what its example is run with, too.
+enum class CliMessageOrigin {
     script,   // lumnis compile, WMLSCompile
     deck,     // lumnis encode, WMLEncode
     xml,      // the parser, beneath lumnis encode and lumnis check; the example is for check
@@ -21,7 +21,6 @@ enum class CliMessageRoad {
 };
 
 struct CliMessageRow {
-    CliMessageRoad road;
     std::string_view text;     // {} stands for a name or a number
     std::string_view meaning;  // what it says about the source
     std::string_view cause;    // what its author did
@@ -29,13 +28,14 @@ struct CliMessageRow {
     // "$ " are commands of a shell instead. Empty where nothing that an author writes gives it.
     std::string_view broken;
     std::string_view repaired;
+    CliMessageOrigin origin = CliMessageOrigin::script;
 };
 
-// By road and then as they stand in the tables.
+// All of them, by origin and then as they stand in the tables.
 std::span<const CliMessageRow> messageRows();
 
 // "Scripts" and the like: a heading.
-std::string_view roadName(CliMessageRoad theRoad);
+std::string_view originName(CliMessageOrigin theOrigin);
 
 // A place in a text.
 struct CliSpan {
@@ -43,8 +43,9 @@ struct CliSpan {
     std::size_t length = 0;
 };
 
-// Whether theText is theRow's message with names in it, and the names; to be found anywhere in
-// theText if isPart.
+// Whether theText is theRow's message with some names in its holes; with isPart, whether it holds
+// that message. theNames, if there is one, gets the names found on the way, also for a text that
+// fails.
 bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool isPart,
                     std::vector<std::string_view>* theNames = nullptr);
 

@@ -71,8 +71,8 @@ std::string listing() {
     std::string text;
     const CliMessageRow* last = nullptr;
     for (const CliMessageRow& row : messageRows()) {
-        if (last == nullptr || last->road != row.road) {
-            text += (last == nullptr ? "" : "\n") + std::string(roadName(row.road)) + ":\n";
+        if (last == nullptr || last->origin != row.origin) {
+            text += (last == nullptr ? "" : "\n") + std::string(originName(row.origin)) + ":\n";
         }
         last = &row;
         text += "  " + shownText(row.text) + "\n";
@@ -102,8 +102,8 @@ std::string page() {
         "`hello.wmls` and `news.wml` are a script and a deck without a fault.\n";
     const CliMessageRow* last = nullptr;
     for (const CliMessageRow& row : messageRows()) {
-        if (last == nullptr || last->road != row.road) {
-            text += "\n## " + std::string(roadName(row.road)) + "\n";
+        if (last == nullptr || last->origin != row.origin) {
+            text += "\n## " + std::string(originName(row.origin)) + "\n";
         }
         last = &row;
         text += "\n### `" + shownText(row.text) + "`\n\n" + plainMarkdown(row.meaning) +

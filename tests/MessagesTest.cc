@@ -51,7 +51,7 @@ class Workplace {
     }
 
     // The exit status; what is printed stands in theOutput, both streams.
-    int run(CliMessageRoad theRoad, std::string_view theExample, std::string& theOutput) const {
+    int run(CliMessageOrigin theOrigin, std::string_view theExample, std::string& theOutput) const {
         std::string script;
         if (theExample.starts_with("$ ")) {
             std::istringstream lines{std::string(theExample)};
@@ -59,7 +59,7 @@ class Workplace {
                 script += line.substr(2) + "\n";
             }
         } else {
-            const bool isScript = theRoad == CliMessageRoad::script;
+            const bool isScript = theOrigin == CliMessageOrigin::script;
             std::ofstream(folderM / "work/example", std::ios::binary) << theExample << "\n";
             script = isScript ? "lumnis compile -o /dev/null example"
                      : theExample.find("//WAPFORUM//DTD") != std::string_view::npos
@@ -105,9 +105,9 @@ TEST_P(MessageTest, exampleGivesItAndRepairedOnePasses) {
         return;
     }
     std::string output;
-    EXPECT_NE(Workplace().run(row.road, row.broken, output), 0);
+    EXPECT_NE(Workplace().run(row.origin, row.broken, output), 0);
     EXPECT_TRUE(gives(row, output)) << output;
-    EXPECT_EQ(Workplace().run(row.road, row.repaired, output), 0) << output;
+    EXPECT_EQ(Workplace().run(row.origin, row.repaired, output), 0) << output;
 }
 
 INSTANTIATE_TEST_SUITE_P(, MessageTest, testing::Range(std::size_t{0}, messageRows().size()));
@@ -117,17 +117,17 @@ TEST(MessagesTest, mostHaveAnExample) {
     const auto hasNone = [](const CliMessageRow& theRow) { return theRow.broken.empty(); };
     for (const CliMessageRow& row : messageRows()) {
         if (hasNone(row) &&
-            (row.road == CliMessageRoad::script || row.road == CliMessageRoad::xml)) {
+            (row.origin == CliMessageOrigin::script || row.origin == CliMessageOrigin::xml)) {
             EXPECT_TRUE(row.cause.starts_with("Nothing an author writes")) << row.text;
         }
     }
     EXPECT_LE(std::count_if(messageRows().begin(), messageRows().end(), hasNone), 40);
 }
 
-TEST(MessagesTest, noTextStandsTwiceForOneRoad) {
-    std::set<std::pair<CliMessageRoad, std::string_view>> texts;
+TEST(MessagesTest, noTextStandsTwiceForOneOrigin) {
+    std::set<std::pair<CliMessageOrigin, std::string_view>> texts;
     for (const CliMessageRow& row : messageRows()) {
-        EXPECT_TRUE(texts.insert({row.road, row.text}).second) << row.text;
+        EXPECT_TRUE(texts.insert({row.origin, row.text}).second) << row.text;
     }
 }
 

@@ -1,4 +1,4 @@
-// The tables of CliMessages, one a file.
+// The tables of CliMessages, one a file. The origin of their rows is filled in by messageRows.
 #pragma once
 
 #include <span>
