@@ -1,22 +1,17 @@
 // Conversion from and to UTF-8 over all charsets. The first byte chooses the charset, the second
 // one escapes and direction; the rest is the text.
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "CcCharsetConverter.h"
 #include "HedCharsetMap.h"
+#include "Require.h"
 
 namespace lumnis {
 namespace {
 
-// Not assert: it must hold in every build.
-void require(bool isTrue) {
-    if (!isTrue) {
-        std::abort();
-    }
-}
+using fuzz::require;
 
 // Every number of the table, and those that are no charset to anybody.
 HedCharsetId charsetOf(std::uint8_t theChoice) {

@@ -19,6 +19,7 @@
 
 #include "DumpPrinter.h"
 #include "DumpReader.h"
+#include "Require.h"
 #include "WmlDirector.h"
 #include "XaProducer.h"
 
@@ -28,6 +29,8 @@ using lumnis::CpsString;
 using lumnis::DumpKind;
 using lumnis::DumpListing;
 using lumnis::DumpPiece;
+using lumnis::fuzz::require;
+using lumnis::fuzz::requireLine;
 
 constexpr std::string_view theDecks[] = {
     R"deck(<?xml version="1.0"?><!DOCTYPE wml PUBLIC "-//WAPFORUM//DTD WML 1.1//EN" "x">
@@ -100,12 +103,6 @@ constexpr std::string_view thePieces[] = {
     "</anchor>",
 };
 
-void require(bool theCondition) {
-    if (!theCondition) {
-        std::abort();
-    }
-}
-
 std::string changedDeck(const std::uint8_t* theData, std::size_t theSize) {
     std::string deck(theDecks[(theData[0] >> 1) % std::size(theDecks)]);
     for (std::size_t i = 1; i + 4 <= theSize && deck.size() < 20000; i += 4) {
@@ -153,17 +150,13 @@ Outcome encode(const std::string& theDeck) {
     return outcome;
 }
 
-// In an ignored section a line feed may count twice.
 void checkLine(const std::string& theMessage, const std::string& theDeck) {
     constexpr std::string_view theFrame = "(before or at line: ";
     const std::size_t place = theMessage.rfind(theFrame);
     if (place == std::string::npos) {
         return;
     }
-    const std::size_t line = std::stoul(theMessage.substr(place + theFrame.size()));
-    const auto feeds = static_cast<std::size_t>(std::count(theDeck.begin(), theDeck.end(), '\n'));
-    const bool mayIgnore = theDeck.find("<![") != std::string::npos;
-    require(line >= 1 && line <= 1 + (mayIgnore ? 2 : 1) * feeds);
+    requireLine(std::stoul(theMessage.substr(place + theFrame.size())), theDeck);
 }
 
 bool hasControl(std::string_view theText) {

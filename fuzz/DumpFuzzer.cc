@@ -6,12 +6,12 @@
 // it; the markup has a tag for each that the pieces have.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "DumpPrinter.h"
 #include "DumpReader.h"
+#include "Require.h"
 
 namespace {
 
@@ -19,12 +19,7 @@ using lumnis::DumpFormat;
 using lumnis::DumpKind;
 using lumnis::DumpListing;
 using lumnis::DumpPiece;
-
-void require(bool theCondition) {
-    if (!theCondition) {
-        std::abort();
-    }
-}
+using lumnis::fuzz::require;
 
 void checkPieces(const DumpListing& theListing, std::string_view theFile) {
     std::size_t covered = 0;

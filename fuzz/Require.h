@@ -1,4 +1,5 @@
-// What the fuzzers of XML documents and of DTDs ask of every message.
+// What must hold under a fuzzer ends the process when it does not: not by assert, since it must
+// hold in every build.
 #pragma once
 
 #include <algorithm>
@@ -13,11 +14,12 @@ inline void require(bool theCondition) {
     }
 }
 
-// theLine must be in theText. In an ignored section a line feed may count twice.
-inline void requireLine(unsigned theLine, std::string_view theText) {
-    const auto lines = static_cast<std::size_t>(std::count(theText.begin(), theText.end(), '\n'));
+// theLine, which a message names, must be in theText. In an ignored section a line feed may count
+// twice.
+inline void requireLine(std::size_t theLine, std::string_view theText) {
+    const auto feeds = static_cast<std::size_t>(std::count(theText.begin(), theText.end(), '\n'));
     const bool mayIgnore = theText.find("<![") != std::string_view::npos;
-    require(theLine >= 1 && theLine <= 1 + (mayIgnore ? 2 : 1) * lines);
+    require(theLine >= 1 && theLine <= 1 + (mayIgnore ? 2 : 1) * feeds);
 }
 
 }  // namespace lumnis::fuzz

@@ -1,21 +1,13 @@
 // The text form of the settings: the first line is the key and the name to look for.
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "FwSettingsText.h"
+#include "Require.h"
 
-namespace {
-
-void require(bool isTrue) {
-    if (!isTrue) {
-        std::abort();
-    }
-}
-
-}  // namespace
+using lumnis::fuzz::require;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* theData, std::size_t theSize) {
     std::string_view text(reinterpret_cast<const char*>(theData), theSize);

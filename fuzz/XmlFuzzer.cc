@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "DocumentChecker.h"
-#include "XmlProperties.h"
+#include "Require.h"
 
 namespace {
 
