@@ -1,10 +1,10 @@
 // worst_cases [LIMIT [SIZE]]: how much more time than ordinary input of the same size the worst
-// input takes that we know how to build, for each road through the system.
+// input takes that we know how to build, for each entrance of the system.
 //
-// Ordinary inputs of a road give the median cost per byte. Each candidate, built for one construct
-// and filled up to SIZE bytes (65536 if not told), is set in relation to it; whether it is accepted
-// or refused does not matter. The peak of the heap comes with it. With LIMIT, a ratio above it ends
-// the program with status 1.
+// Ordinary inputs of an entrance give the median cost per byte. Each candidate, built for one
+// construct and filled up to SIZE bytes (65536 if not told, 32768 at least), is set in relation to
+// it; whether it is accepted or refused does not matter. The peak of the heap comes with it. With
+// LIMIT, a ratio above it ends the program with status 1.
 #include <time.h>
 
 #include <algorithm>
@@ -28,7 +28,7 @@
 namespace lumnis::bench {
 namespace {
 
-using Road = std::function<void(const std::string&)>;
+using Entrance = std::function<void(const std::string&)>;
 
 double seconds() {
     timespec now{};
@@ -37,12 +37,12 @@ double seconds() {
 }
 
 // Nanoseconds a byte, the least of several runs.
-double cost(const Road& theRoad, const std::string& theInput) {
+double cost(const Entrance& theEntrance, const std::string& theInput) {
     double least = 0;
     double spent = 0;
     for (int run = 0; run < 7 && (run == 0 || spent < 0.3); ++run) {
         const double start = seconds();
-        theRoad(theInput);
+        theEntrance(theInput);
         const double time = seconds() - start;
         spent += time;
         least = run == 0 ? time : std::min(least, time);
@@ -50,13 +50,13 @@ double cost(const Road& theRoad, const std::string& theInput) {
     return 1e9 * least / static_cast<double>(theInput.size());
 }
 
-// Of theRoad at its highest, in bytes a byte.
-double heapPeak(const Road& theRoad, const std::string& theInput) {
-    std::pair<const Road&, const std::string&> call(theRoad, theInput);
+// Of theEntrance at its highest, in bytes a byte.
+double heapPeak(const Entrance& theEntrance, const std::string& theInput) {
+    std::pair<const Entrance&, const std::string&> call(theEntrance, theInput);
     const HeapUse use = measureHeap(
         [](void* theCall) {
-            const auto& [road, input] = *static_cast<decltype(call)*>(theCall);
-            road(input);
+            const auto& [entrance, input] = *static_cast<decltype(call)*>(theCall);
+            entrance(input);
         },
         &call);
     return static_cast<double>(use.peakBytes) / static_cast<double>(theInput.size());
@@ -69,27 +69,27 @@ struct Ratio {
 };
 
 // Of each candidate to the median of the ordinary inputs, which goes to theMedian.
-std::vector<Ratio> measure(const Road& theRoad, const std::vector<WorstInput>& theOrdinary,
+std::vector<Ratio> measure(const Entrance& theEntrance, const std::vector<WorstInput>& theOrdinary,
                            const std::vector<WorstInput>& theCandidates, double& theMedian) {
     std::vector<double> ordinary;
     for (const WorstInput& input : theOrdinary) {
-        ordinary.push_back(cost(theRoad, input.text));
+        ordinary.push_back(cost(theEntrance, input.text));
     }
     std::sort(ordinary.begin(), ordinary.end());
     theMedian = ordinary[ordinary.size() / 2];
     std::vector<Ratio> ratios;
     for (const WorstInput& input : theCandidates) {
-        ratios.push_back(
-            {cost(theRoad, input.text) / theMedian, heapPeak(theRoad, input.text), input.name});
+        ratios.push_back({cost(theEntrance, input.text) / theMedian,
+                          heapPeak(theEntrance, input.text), input.name});
     }
     return ratios;
 }
 
 // The largest of theRatios.
-double report(const char* theRoad, double theMedian, std::vector<Ratio> theRatios) {
+double report(const char* theEntrance, double theMedian, std::vector<Ratio> theRatios) {
     std::sort(theRatios.begin(), theRatios.end(),
               [](const Ratio& a, const Ratio& b) { return a.value > b.value; });
-    std::printf("%s: ordinary input takes %.1f ns/byte\n", theRoad, theMedian);
+    std::printf("%s: ordinary input takes %.1f ns/byte\n", theEntrance, theMedian);
     for (std::size_t i = 0; i < theRatios.size() && (i < 4 || theRatios[i].value > 10); ++i) {
         std::printf("%8.1f  %s\n", theRatios[i].value, theRatios[i].name.c_str());
     }
@@ -146,7 +146,7 @@ void parseSettings(const std::string& theText) {
 }
 
 // In both directions, with and without escapes; each charset has an ordinary cost of its own.
-double reportConversions(const char* theRoad, int theDirection, std::size_t theSize) {
+double reportConversions(const char* theEntrance, int theDirection, std::size_t theSize) {
     std::vector<Ratio> all;
     std::vector<double> medians;
     for (const CcCodePage& page : CcCharsetConverter::codePages()) {
@@ -166,7 +166,7 @@ double reportConversions(const char* theRoad, int theDirection, std::size_t theS
         }
     }
     std::sort(medians.begin(), medians.end());
-    return report(theRoad, medians[medians.size() / 2], std::move(all));
+    return report(theEntrance, medians[medians.size() / 2], std::move(all));
 }
 
 }  // namespace
@@ -176,12 +176,16 @@ int main(int theCount, char** theArguments) {
     using namespace lumnis::bench;
     const double limit = theCount > 1 ? std::atof(theArguments[1]) : 0;
     const std::size_t size = theCount > 2 ? std::strtoul(theArguments[2], nullptr, 10) : 65536;
+    if (size < 32768) {
+        std::fputs("worst_cases: some inputs need 32768 bytes\n", stderr);
+        return 2;
+    }
     const struct {
         const char* name;
         void (*run)(const std::string&);
         std::vector<WorstInput> (*ordinary)(std::size_t);
         std::vector<WorstInput> (*candidates)(std::size_t);
-    } roads[] = {
+    } entrances[] = {
         {"encode", encode, ordinaryDecks, worstDecks},
         {"compile", compile, ordinaryScripts, worstScripts},
         {"check", check, ordinaryDecks, worstDecks},
@@ -190,11 +194,11 @@ int main(int theCount, char** theArguments) {
         {"settings", parseSettings, ordinarySettings, worstSettings},
     };
     double worst = 0;
-    for (const auto& road : roads) {
+    for (const auto& each : entrances) {
         double median = 0;
         std::vector<Ratio> ratios =
-            measure(road.run, road.ordinary(size), road.candidates(size), median);
-        worst = std::max(worst, report(road.name, median, std::move(ratios)));
+            measure(each.run, each.ordinary(size), each.candidates(size), median);
+        worst = std::max(worst, report(each.name, median, std::move(ratios)));
     }
     const char* const conversions[] = {"to UTF-8", "from UTF-8", "from UTF-8 with escapes"};
     for (int direction = 0; direction < 3; ++direction) {

@@ -1,4 +1,4 @@
-// Inputs of a given size for each road through the system: ordinary ones, and those that load one
+// Inputs of a given size for each entrance of the system: ordinary ones, and those that load one
 // construct with all that the size allows.
 #pragma once
 

@@ -5,7 +5,8 @@ beside a process for each.
     bench/processes.py [--lumnis PATH] [--rounds N] [--decks N]
 
 All contenders of a comparison run in turns. Printed are the least and the median time by the clock
-and the least time of the processor, each with its ratio to the first contender. xmllint comes from Debian's libxml2-utils.
+and the least time of the processor, each with its ratio to the first contender. xmllint comes from
+Debian's libxml2-utils.
 """
 
 import argparse

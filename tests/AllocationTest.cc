@@ -1,5 +1,5 @@
-// Memory that runs out at every allocation in turn, on each road: an error comes back, nothing
-// leaks, and the next call works.
+// Memory that runs out at every allocation in turn, whatever is called: an error comes back,
+// nothing leaks, and the next call works.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -132,11 +132,11 @@ TEST(Allocation, mayFailAtEveryNumber) {
 }
 
 // What only throws: it may end early, but must leave nothing behind.
-TEST(Allocation, ofOtherRoadsMayFail) {
+TEST(Allocation, ofOtherEntrancesMayFail) {
     const std::string deck = test::callEncode(test::theRichDeck).bytes;
     const std::string script = test::callCompile(theRichScript).bytes;
     std::size_t sizes[2] = {};
-    const std::function<void()> roads[] = {
+    const std::function<void()> entrances[] = {
         [&] {
             const DumpListing listing = readDump(deck, std::nullopt);
             sizes[0] = (printDumpText(listing, deck) + printDumpJson(listing, deck) +
@@ -160,14 +160,14 @@ TEST(Allocation, ofOtherRoadsMayFail) {
             (void)compiler.compile(&source);
         },
     };
-    for (const auto& road : roads) {
-        road();
+    for (const auto& enter : entrances) {
+        enter();
         const long inUse = test::blocksInUse();
         long number = 1;
         for (bool hasFailed = true; hasFailed; ++number) {
             test::failAllocation(number);
             try {
-                road();
+                enter();
             } catch (const std::bad_alloc&) {
             }
             hasFailed = test::hasAllocationFailed();

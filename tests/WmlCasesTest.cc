@@ -160,7 +160,7 @@ TEST_P(WmlCases, deckGivesBytesOrMessage) {
     }
 }
 
-// Every case through its own road, with the result as one text.
+// Every case by the call that it asks for, with the result as one text.
 std::vector<std::string> runAll(const std::vector<Case>& theCases) {
     std::vector<std::string> results;
     for (const Case& each : theCases) {
