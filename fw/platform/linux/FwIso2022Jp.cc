@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "FwIso2022.h"
 #include "FwUtf8Scan.h"
 
 namespace lumnis {
@@ -28,6 +29,7 @@ constexpr JpEscape theEscapes[] = {
     {"\x1B&@\x1B$B", JpSet::kanji}                            // JIS X 0208-1990
 };
 
+// Writes the escape to theSet unless the text is in it already.
 void shift(JpSet theSet, JpSet& theCurrent, FwConversionSink& theSink) {
     if (theSet != theCurrent) {
         theSink.put(std::find_if(std::begin(theEscapes), std::end(theEscapes),
@@ -35,22 +37,6 @@ void shift(JpSet theSet, JpSet& theCurrent, FwConversionSink& theSink) {
                         ->bytes);
         theCurrent = theSet;
     }
-}
-
-bool isShiftByte(char theByte) {
-    return theByte == '\x0E' || theByte == '\x0F' || theByte == '\x1B';
-}
-
-bool isGraphic(char theByte) {
-    return theByte >= '\x21' && theByte <= '\x7E';
-}
-
-char withTopBit(char theByte) {
-    return static_cast<char>(static_cast<unsigned char>(theByte) | 0x80);
-}
-
-char withoutTopBit(char theByte) {
-    return static_cast<char>(static_cast<unsigned char>(theByte) & 0x7F);
 }
 
 constexpr std::string_view theYenSign = "\xC2\xA5";
@@ -73,10 +59,9 @@ void FwIso2022JpEncoder::convert(std::string_view theSource, FwConversionSink& t
             theSink.put(character == theYenSign ? '\x5C' : '\x7E');
         } else if (!step.isWellFormed || isShiftByte(character[0]) ||
                    !eucM.encodeCharacter(character, euc)) {
-            // A shift byte of the text would be taken for one of the encoding.
             shift(JpSet::ascii, set, theSink);
             theSink.substitute(theMissingCharacter);
-        } else if (euc.size() == 1 && static_cast<unsigned char>(buffer[0]) < 0x80) {
+        } else if (euc.size() == 1 && isAsciiByte(buffer[0])) {
             shift(JpSet::ascii, set, theSink);
             theSink.put(buffer[0]);
         } else if (euc.size() == 2 && buffer[0] == theSingleShift2) {
@@ -109,10 +94,9 @@ void FwIso2022JpDecoder::convert(std::string_view theSource, FwConversionSink& t
         }
         const char byte = theSource[0];
         std::size_t length = 1;
-        if (isShiftByte(byte) || static_cast<unsigned char>(byte) >= 0x80) {
+        if (isShiftByte(byte) || !isAsciiByte(byte)) {
             theSink.substitute(theReplacementCharacter);
-        } else if (!isGraphic(byte) || set == JpSet::ascii) {
-            // Blanks and control characters are the same in every set.
+        } else if (!isGraphicByte(byte) || set == JpSet::ascii) {
             theSink.put(byte);
         } else if (set == JpSet::roman) {
             theSink.put(byte == '\x5C'   ? theYenSign
@@ -121,7 +105,7 @@ void FwIso2022JpDecoder::convert(std::string_view theSource, FwConversionSink& t
         } else if (set == JpSet::katakana) {
             const char euc[] = {theSingleShift2, withTopBit(byte)};
             eucM.convert({euc, 2}, theSink);
-        } else if (theSource.size() > 1 && isGraphic(theSource[1])) {
+        } else if (theSource.size() > 1 && isGraphicByte(theSource[1])) {
             const char euc[] = {withTopBit(byte), withTopBit(theSource[1])};
             eucM.convert({euc, 2}, theSink);
             length = 2;

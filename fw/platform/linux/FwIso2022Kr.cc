@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "FwIso2022.h"
 #include "FwUtf8Scan.h"
 
 namespace lumnis {
@@ -14,18 +15,10 @@ constexpr FwIconvTable theKoreanTable{"UHC", false};
 constexpr std::string_view theHeader = "\x1B$)C";
 constexpr char theShiftOut = '\x0E';  // to KS X 1001
 constexpr char theShiftIn = '\x0F';   // to ASCII
-constexpr char theKoreanEscape = '\x1B';
 
-bool isKoreanShiftByte(char theByte) {
-    return theByte == theShiftOut || theByte == theShiftIn || theByte == theKoreanEscape;
-}
-
+// Whether theByte of code page 949 stands for one of KS X 1001.
 bool isKsByte(char theByte) {
-    return theByte >= '\x21' && theByte <= '\x7E';
-}
-
-char toggledTopBit(char theByte) {
-    return static_cast<char>(static_cast<unsigned char>(theByte) ^ 0x80);
+    return !isAsciiByte(theByte) && isGraphicByte(withoutTopBit(theByte));
 }
 
 void shiftKorean(bool isOut, bool& isOutNow, FwConversionSink& theSink) {
@@ -49,18 +42,16 @@ void FwIso2022KrEncoder::convert(std::string_view theSource, FwConversionSink& t
         theSource.remove_prefix(step.length);
         char buffer[8];
         FwConversionSink euc(buffer);
-        // A shift byte of the text would be taken for one of the encoding.
-        const bool isThere = step.isWellFormed && !isKoreanShiftByte(character[0]) &&
-                             eucM.encodeCharacter(character, euc);
-        if (isThere && euc.size() == 1 && static_cast<unsigned char>(buffer[0]) < 0x80) {
+        const bool isThere =
+            step.isWellFormed && !isShiftByte(character[0]) && eucM.encodeCharacter(character, euc);
+        if (isThere && euc.size() == 1 && isAsciiByte(buffer[0])) {
             shiftKorean(false, isOut, theSink);
             theSink.put(buffer[0]);
-        } else if (isThere && euc.size() == 2 && isKsByte(toggledTopBit(buffer[0])) &&
-                   isKsByte(toggledTopBit(buffer[1]))) {
+        } else if (isThere && euc.size() == 2 && isKsByte(buffer[0]) && isKsByte(buffer[1])) {
             needsHeader = true;
             shiftKorean(true, isOut, theSink);
-            theSink.put(toggledTopBit(buffer[0]));
-            theSink.put(toggledTopBit(buffer[1]));
+            theSink.put(withoutTopBit(buffer[0]));
+            theSink.put(withoutTopBit(buffer[1]));
         } else {
             shiftKorean(false, isOut, theSink);
             theSink.substitute(theMissingCharacter);
@@ -88,12 +79,12 @@ void FwIso2022KrDecoder::convert(std::string_view theSource, FwConversionSink& t
         std::size_t length = 1;
         if (byte == theShiftOut || byte == theShiftIn) {
             isOut = byte == theShiftOut;
-        } else if (byte == theKoreanEscape || static_cast<unsigned char>(byte) >= 0x80) {
+        } else if (isShiftByte(byte) || !isAsciiByte(byte)) {
             theSink.substitute(theReplacementCharacter);
-        } else if (!isOut || !isKsByte(byte)) {
+        } else if (!isOut || !isGraphicByte(byte)) {
             theSink.put(byte);
-        } else if (theSource.size() > 1 && isKsByte(theSource[1])) {
-            const char euc[] = {toggledTopBit(byte), toggledTopBit(theSource[1])};
+        } else if (theSource.size() > 1 && isGraphicByte(theSource[1])) {
+            const char euc[] = {withTopBit(byte), withTopBit(theSource[1])};
             eucM.convert({euc, 2}, theSink);
             length = 2;
         } else {

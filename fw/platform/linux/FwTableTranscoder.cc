@@ -1,7 +1,7 @@
-// iconv stops at each character that it cannot convert. Then it has converted the whole of its
-// intermediate buffer in vain, so a text full of such characters would cost a few thousand times
-// its length. That is why the text is fed in windows: small ones behind a character that did not
-// go, growing as long as all goes well.
+// iconv stops at each character that it cannot convert. By then it has filled a buffer of its own
+// with what follows, in vain, so a text full of such characters would cost a few thousand times its
+// length. That is why the text is fed in windows: small ones after a character that could not be
+// converted, growing as long as all goes well.
 #include "FwTableTranscoder.h"
 
 #include <algorithm>
@@ -31,9 +31,10 @@ bool isTag(std::string_view theCharacter) {
                                         theCharacter.substr(0, 3) == "\xF3\xA0\x81");
 }
 
+// What code page 1252 leaves undefined.
 constexpr std::string_view theUndefinedBytes = "\x81\x8D\x8F\x90\x9D";
 
-// The control character of one of the bytes above.
+// The control character of one of these bytes.
 bool isUndefinedControl(std::string_view theCharacter) {
     return theCharacter.size() == 2 && theCharacter[0] == '\xC2' &&
            theUndefinedBytes.find(theCharacter[1]) != std::string_view::npos;
@@ -115,15 +116,6 @@ bool FwTableEncoder::encodeCharacter(std::string_view theCharacter, FwConversion
     return !isTag(theCharacter) && iconvM.convert(theCharacter, theSink) == 0;
 }
 
-bool FwTableDecoder::beginsWithCharacter(std::string_view theSource) {
-    char buffer[16];
-    FwConversionSink sink(buffer);
-    const std::string_view start = theSource.substr(0, 4);
-    std::string_view rest = start;
-    iconvM.convert(rest, sink);
-    return rest.size() < start.size() && sink.size() > 0;
-}
-
 FwTableDecoder::FwTableDecoder(const FwIconvTable& theTable)
     : tableM(theTable), iconvM("UTF-8", theTable.name) {}
 
@@ -140,27 +132,41 @@ void FwTableDecoder::convert(std::string_view theSource, FwConversionSink& theSi
             grow(window);
         } else if (error == E2BIG) {
             theSink.isFullM = true;
-        } else if (error == EINVAL && !isLast && done > 0) {
-            // The window ends inside a character, which is the start of the next window.
-        } else if (error == EINVAL) {
-            theSink.substitute(theReplacementCharacter);
+        } else if (error != EINVAL) {
+            stepOverRefused(theSource, done > 0, theSink);
+            window = theSmallWindow;
+        } else if (isLast || done == 0) {
+            theSink.substitute(theReplacementCharacter);  // the text ends inside a character
             theSource = {};
-        } else if (theSource.empty() || (done > 0 && beginsWithCharacter(theSource))) {
-            // Some tables of glibc step over the sequence that they refuse (A2 E8 of UHC).
-            theSink.substitute(theReplacementCharacter);
-            window = theSmallWindow;
-        } else {
-            const char byte = theSource[0];
-            if (tableM.passesUndefined && theUndefinedBytes.find(byte) != std::string_view::npos) {
-                theSink.put('\xC2');
-                theSink.put(byte);
-            } else {
-                theSink.substitute(theReplacementCharacter);
-            }
-            theSource.remove_prefix(1);
-            window = theSmallWindow;
         }
+        // Else the window ends inside a character, with which the next window begins.
     }
+}
+
+void FwTableDecoder::stepOverRefused(std::string_view& theSource, bool hasMoved,
+                                     FwConversionSink& theSink) {
+    // Some tables of glibc step over the sequence that they refuse (A2 E8 of UHC).
+    if (theSource.empty() || (hasMoved && beginsWithCharacter(theSource))) {
+        theSink.substitute(theReplacementCharacter);
+        return;
+    }
+    const char byte = theSource[0];
+    if (tableM.passesUndefined && theUndefinedBytes.find(byte) != std::string_view::npos) {
+        theSink.put('\xC2');
+        theSink.put(byte);
+    } else {
+        theSink.substitute(theReplacementCharacter);
+    }
+    theSource.remove_prefix(1);
+}
+
+bool FwTableDecoder::beginsWithCharacter(std::string_view theSource) {
+    char buffer[16];
+    FwConversionSink sink(buffer);
+    const std::string_view start = theSource.substr(0, 4);
+    std::string_view rest = start;
+    iconvM.convert(rest, sink);
+    return rest.size() < start.size() && sink.size() > 0;
 }
 
 }  // namespace lumnis

@@ -57,6 +57,9 @@ class FwTableDecoder final : public FwTranscoder {
     void convert(std::string_view theSource, FwConversionSink& theSink) override;
 
   private:
+    // Substitutes what iconv has refused. theSource is what is left; hasMoved tells whether
+    // anything in front of it has just been converted.
+    void stepOverRefused(std::string_view& theSource, bool hasMoved, FwConversionSink& theSink);
     // Whether the first bytes are a character, as far as the table can tell.
     bool beginsWithCharacter(std::string_view theSource);
 
