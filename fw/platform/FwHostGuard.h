@@ -1,10 +1,9 @@
-// Service of the platform: the log must not disturb the host that does not know of it.
+// Service of the platform: keeps the log from disturbing a host that does not know of it.
 #pragma once
 
 namespace lumnis {
 
-// While the object lives, what the log does stays hidden from the code that the log was called
-// from: errno stays, and the thread is not cancelled in the middle.
+// While the object lives the thread cannot be cancelled, and errno is afterwards what it was.
 class FwHostGuard {
   public:
     FwHostGuard() noexcept;

@@ -1,6 +1,6 @@
-// Memory in pages of the largest size that the system gives, for what takes megabytes at once: a
-// page of the common size costs a fault each, which for a large compilation adds up to more than
-// the work itself.
+// Service of the platform: memory in large pages, for what takes megabytes at once. Each page of
+// the common size costs a fault, which for a large compilation adds up to more than the work
+// itself.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Memory of the calling thread, for a text that a call leaves behind.
+// Service of the platform: memory of the calling thread, for a text that a call leaves behind.
 //
 // It is not thread_local: where a host loads the library while it runs, the loader takes such
 // memory at the first use in a thread, and ends the process if there is none.

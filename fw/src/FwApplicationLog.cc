@@ -11,7 +11,6 @@
 #include "FwProcessTable.h"
 #include "FwRegistry.h"
 #include "FwSystem.h"
-#include "FwTraceScope.h"
 
 namespace lumnis {
 
@@ -121,22 +120,23 @@ void FwApplicationLog::reportBadSettings(const char* theReason) const noexcept {
     }
 }
 
-void FwApplicationLog::trace(int theKind, const char* theFunction, const char* theFile,
+void FwApplicationLog::trace(FwTraceKind theKind, const char* theFunction, const char* theFile,
                              int theLine) noexcept {
     if (!traceRowM || !hasDestination()) {
         return;
     }
     const FwHostGuard guard;
-    if (theKind == 1) {
+    const bool isExit = theKind == FwTraceKind::exit;
+    if (isExit) {
         indentM.fetch_sub(1, std::memory_order_relaxed);
     }
     try {
-        write(prefix() + indentation() + (theKind == 1 ? "<< " : ">> ") + place(theFile, theLine) +
-              ", " + theFunction);
+        write(prefix() + indentation() + (isExit ? "<< " : ">> ") + place(theFile, theLine) + ", " +
+              theFunction);
     } catch (...) {
         // No memory for the line.
     }
-    if (theKind == 0) {
+    if (!isExit) {
         indentM.fetch_add(1, std::memory_order_relaxed);
     }
 }

@@ -11,6 +11,7 @@
 
 #include "CpsString.h"
 #include "FwLogFile.h"
+#include "FwTraceScope.h"
 
 namespace lumnis {
 
@@ -22,12 +23,14 @@ class FwApplicationLog {
     FwApplicationLog(const FwApplicationLog&) = delete;
     FwApplicationLog& operator=(const FwApplicationLog&) = delete;
 
-    // Entry to (theKind 0) or exit from (1) a function, if the row trace is on.
-    void trace(int theKind, const char* theFunction, const char* theFile, int theLine) noexcept;
+    // Entry to or exit from a function, if the row trace is on.
+    void trace(FwTraceKind theKind, const char* theFunction, const char* theFile,
+               int theLine) noexcept;
     // A free text, if the row debug is on.
     void debug(const char* theText, const char* theFile = __builtin_FILE(),
                int theLine = __builtin_LINE()) noexcept;
-    // The echo of an event. Severities 4 and 5 are alarms. A null theText counts as empty.
+    // The echo of an event, in its low 16 bits. Severities 4 and 5 are alarms. A null theText
+    // counts as empty.
     void event(int theSeverity, int theId, unsigned theEventId, const char* theText) noexcept;
 
   private:

@@ -42,8 +42,8 @@ class FwArena {
   private:
     static constexpr std::size_t theAlignment = 8;
     // Chunks double from the first size to the largest: small scripts take little, and of a
-    // large one's memory only a part of one chunk is left over. Behind that many, megabytes are
-    // needed and come in large pages.
+    // large one's memory only a part of one chunk is left over. After that many chunks it is
+    // megabytes that are needed, and these come in large pages.
     static constexpr std::size_t theFirstChunk = 2048;
     static constexpr std::size_t theLargestChunk = 65536;
     static constexpr std::size_t theManyChunks = 24;

@@ -29,8 +29,8 @@ FwLog* FwLogManager::getLog(const char* theName) {
     }
     const FwHostGuard guard;
     static std::mutex theCreation;
-    // The mutex between processes orders the announcing of a source to the platform; it may be
-    // missed (see FwNamedMutex.h), so the list has a lock of its own.
+    // The mutex between processes is for the platform, which learns of a new source here. It may
+    // not be had (see FwNamedMutex.h), so the list has a lock of its own.
     const FwNamedMutex mutex("FwLogManagerMutex");
     const std::lock_guard lock(theCreation);
     if (FwLog* log = find(theName); log != nullptr) {

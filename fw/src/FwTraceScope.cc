@@ -5,7 +5,7 @@
 namespace lumnis {
 
 #if LUMNIS_TRACE_SCOPES
-void FwTraceScope::mark(int theKind, const char* theFunction, const char* theFile,
+void FwTraceScope::mark(FwTraceKind theKind, const char* theFunction, const char* theFile,
                         int theLine) noexcept {
     FwApplicationLog::instance().trace(theKind, theFunction, theFile, theLine);
 }

@@ -10,6 +10,8 @@
 
 namespace lumnis {
 
+enum class FwTraceKind { entry, exit };
+
 // Opened at the top of a function of note with its qualified name, as in
 //     FwTraceScope scope("WscParser::parse");
 // Silent unless the settings of the log turn the trace on: then it costs a test of one byte at
@@ -22,12 +24,12 @@ class [[maybe_unused]] FwTraceScope {
                           int theLine = __builtin_LINE()) noexcept
         : functionM(theFunction), fileM(theFile), lineM(theLine) {
         if (theState.load(std::memory_order_relaxed) != State::off) [[unlikely]] {
-            mark(0, functionM, fileM, lineM);
+            mark(FwTraceKind::entry, functionM, fileM, lineM);
         }
     }
     ~FwTraceScope() {
         if (theState.load(std::memory_order_relaxed) != State::off) [[unlikely]] {
-            mark(1, functionM, fileM, lineM);
+            mark(FwTraceKind::exit, functionM, fileM, lineM);
         }
     }
 #else
@@ -40,15 +42,15 @@ class [[maybe_unused]] FwTraceScope {
   private:
     friend class FwApplicationLog;
 
-    // Of the row trace. The first scope of the process finds it unknown and makes the log, which
-    // reads the settings and sets it; after that it does not change.
+    // Whether the settings have the trace on. The first scope of the process finds it unknown and
+    // makes the log, which reads the settings and sets it; after that it does not change.
     enum class State : unsigned char { unknown, off, on };
     static inline constinit std::atomic<State> theState{State::unknown};
 
 #if LUMNIS_TRACE_SCOPES
     // Passed by value, so that the scope itself need not exist in memory.
-    [[gnu::cold]] static void mark(int theKind, const char* theFunction, const char* theFile,
-                                   int theLine) noexcept;
+    [[gnu::cold]] static void mark(FwTraceKind theKind, const char* theFunction,
+                                   const char* theFile, int theLine) noexcept;
 
     const char* const functionM;
     const char* const fileM;
