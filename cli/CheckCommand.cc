@@ -71,8 +71,8 @@ void CheckCommand::addTo(CLI::App& theApp) {
                    "Read external subsets and entities, from files in the folder of\n"
                    "the document and below it; without it nothing else is read");
     verb->add_flag("--events", hasEventsM,
-                   "Print what the parser finds, an event a line, up to the first\n"
-                   "error");
+                   "Print what the parser finds, one event per line, up to the\n"
+                   "first error");
     addQuietOption(*verb, batchM);
 }
 

@@ -62,19 +62,19 @@ void addBatchOptions(CLI::App& theVerb, const std::string& theThings, CliBatchOp
     theVerb
         .add_option("-j,--jobs", theBatch.jobs,
                     "Work on N " + theThings +
-                        " at once; everything that is written\n"
-                        "keeps the order of the arguments")
+                        " at once; all output keeps the order of\n"
+                        "the arguments")
         ->option_text("N")
         ->check(CLI::Range(1, 1024));
     theVerb.add_flag("-w,--watch", theBatch.isWatching,
-                     "Stay, and work again on each of the " + theThings +
-                         " when it is\n"
-                         "saved; Ctrl-C ends");
+                     "Stay, and work on each of the " + theThings +
+                         " again when it is\n"
+                         "saved, until Ctrl-C");
     addQuietOption(theVerb, theBatch);
     theVerb
         .add_option("--error-format", theErrorFormat,
-                    "How messages are told: gcc (FILE:LINE: error: MESSAGE, as\n"
-                    "editors expect it), json (an object a line: file, line,\n"
+                    "The form of messages: gcc (FILE:LINE: error: MESSAGE, as\n"
+                    "editors expect it), json (one object per line: file, line,\n"
                     "message, source) or raw (the library's own text); without it\n"
                     "gcc")
         ->option_text("FORM")
@@ -83,8 +83,8 @@ void addBatchOptions(CLI::App& theVerb, const std::string& theThings, CliBatchOp
 
 void addQuietOption(CLI::App& theVerb, CliBatchOptions& theBatch) {
     theVerb.add_flag("-q,--quiet", theBatch.isQuiet,
-                     "Of each message the first line alone, without the source\n"
-                     "line and without advice: what build scripts read");
+                     "Print only the first line of each message, without the source\n"
+                     "line and advice: for build scripts");
 }
 
 }  // namespace lumnis

@@ -44,7 +44,7 @@ void CompileCommand::addTo(CLI::App& theApp) {
     verb->add_option("--input-charset", inputCharsetM,
                      "The charset of the scripts; without it UTF-8")
         ->option_text("NAME");
-    verb->add_flag("--no-optimize", isUnoptimizedM, "Leave the code as the grammar gives it");
+    verb->add_flag("--no-optimize", isUnoptimizedM, "Do not run the peephole optimizer");
     verb->add_flag("--debug", isDebugM, "Put a DEBUG instruction in front of each statement");
     verb->add_option("--listing", listingM, "Write the code as an assembly listing; - prints it")
         ->option_text("PATH");
@@ -52,7 +52,8 @@ void CompileCommand::addTo(CLI::App& theApp) {
                      "Write the syntax tree, and print a second copy of it;\n"
                      "- prints it once")
         ->option_text("PATH");
-    verb->add_flag("--pragmas", hasPragmaReportM, "Print the meta pragmas, which no code carries");
+    verb->add_flag("--pragmas", hasPragmaReportM,
+                   "Print the meta pragmas, which are not in the byte code");
     addBatchOptions(*verb, "scripts", batchM, errorFormatM);
 }
 

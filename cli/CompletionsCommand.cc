@@ -360,8 +360,8 @@ std::string fishCompletions(const std::vector<VerbEntry>& theVerbs,
 }  // namespace
 
 void CompletionsCommand::addTo(CLI::App& theApp) {
-    CLI::App* const verb = theApp.add_subcommand(
-        "completions", "Print what bash, zsh or fish needs to complete our words");
+    CLI::App* const verb =
+        theApp.add_subcommand("completions", "Print a completion script for bash, zsh or fish");
     verb->group("Verbs");
     verb->formatter(helpWithExamples(theCompletionsExamples));
     verb->add_option("SHELL", shellM, "bash, zsh or fish")

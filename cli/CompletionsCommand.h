@@ -1,4 +1,4 @@
-// "lumnis completions": what a shell needs to complete the words of our command line.
+// "lumnis completions": scripts by which shells complete the words of the command line.
 #pragma once
 
 #include <string>

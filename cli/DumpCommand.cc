@@ -45,7 +45,7 @@ void DumpCommand::addTo(CLI::App& theApp) {
         ->option_text(" ");
     verb->add_option("-o,--output", outputM, "Where to write; without it standard output")
         ->option_text("PATH");
-    verb->add_option("--format", formatM, "wbxml or script; without it the content of FILE tells")
+    verb->add_option("--format", formatM, "wbxml or script; without it the content of FILE decides")
         ->option_text("FORMAT")
         ->check(oneOf({"wbxml", "script"}));
     CLI::Option* const xml = verb->add_flag(

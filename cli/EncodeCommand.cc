@@ -137,10 +137,10 @@ void EncodeCommand::addTo(CLI::App& theApp) {
                      "mark tells, else the XML declaration, else UTF-8")
         ->option_text("NAME");
     verb->add_flag("--meta", hasMetaReportM,
-                   "Print the meta data for the transport (http-equiv), which no\n"
-                   "result carries: NAME: CONTENT, with FILE: in front of it if\n"
-                   "there are several files; on standard error if the result goes\n"
-                   "to standard output");
+                   "Print the meta data for the transport (http-equiv), which is\n"
+                   "not in the result: NAME: CONTENT, preceded by FILE: if there\n"
+                   "are several files; on standard error if the result goes to\n"
+                   "standard output");
     addBatchOptions(*verb, "documents", batchM, errorFormatM);
 }
 

@@ -120,7 +120,7 @@ std::string page() {
 
 void ExplainCommand::addTo(CLI::App& theApp) {
     CLI::App* const verb =
-        theApp.add_subcommand("explain", "Tell what a message means and how to repair it");
+        theApp.add_subcommand("explain", "Explain a message and how to repair what causes it");
     verb->group("Verbs");
     verb->formatter(helpWithExamples(theExplainExamples));
     verb->add_option("TEXT", wordsM,
