@@ -23,6 +23,7 @@
 #include <thread>
 
 #include "CcCharsetConverter.h"
+#include "Files.h"
 #include "FwApplicationLog.h"
 #include "FwLogManager.h"
 #include "FwNamedMutex.h"
@@ -63,19 +64,8 @@ namespace fs = std::filesystem;
     _exit(theStatus);
 }
 
-std::string contentOf(const fs::path& thePath) {
-    std::ifstream stream(thePath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-std::vector<std::string> linesOf(const std::string& theText) {
-    std::istringstream stream(theText);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
+using test::contentOf;
+using test::linesOf;
 
 // Whether all of theText is an extended regular expression of POSIX.
 bool matches(const std::string& theText, const std::string& theForm) {
@@ -137,12 +127,7 @@ std::string settingsText(const fs::path& theFolder, const Settings& theChanges) 
 
 class ApplicationLog : public testing::Test {
   protected:
-    ApplicationLog() {
-        std::string pattern = testing::TempDir() + "lumnis_log_XXXXXX";
-        folderM = mkdtemp(pattern.data());
-        change({});
-    }
-    ~ApplicationLog() override { fs::remove_all(folderM); }
+    ApplicationLog() { change({}); }
 
     void change(const Settings& theChanges) {
         std::ofstream(folderM / "settings") << settingsText(folderM, theChanges);
@@ -170,7 +155,8 @@ class ApplicationLog : public testing::Test {
     std::string standardError() const { return contentOf(folderM / "stderr"); }
     std::string events() const { return contentOf(folderM / "events"); }
 
-    fs::path folderM;
+    const test::TemporaryFolder temporaryM;
+    const fs::path& folderM = temporaryM.get();
 };
 
 void nest() {

@@ -5,13 +5,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <string>
+
+#include "Files.h"
 
 namespace lumnis {
 namespace {
@@ -22,11 +22,6 @@ using Folders = std::map<std::string, Names>;  // a folder of the tree, and thos
 
 const fs::path theTree = LUMNIS_TREE;
 
-std::string textOf(const fs::path& thePath) {
-    std::ifstream stream(thePath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
 // The folders that become a target lumnis_NAME, by path.
 std::map<std::string, fs::path> targetFolders() {
     std::map<std::string, fs::path> result;
@@ -34,7 +29,7 @@ std::map<std::string, fs::path> targetFolders() {
     for (const auto& entry : fs::recursive_directory_iterator(theTree)) {
         if (entry.path().filename() == "CMakeLists.txt" &&
             entry.path().string().find("/build") == std::string::npos) {
-            const std::string text = '\n' + textOf(entry.path());
+            const std::string text = '\n' + test::contentOf(entry.path());
             std::smatch match;
             if (std::regex_search(text, match, target)) {
                 result[match[1]] = entry.path().parent_path();
@@ -49,7 +44,7 @@ Folders dependenciesInCmake() {
     const auto folders = targetFolders();
     const std::regex list("\nlumnis_folder\\([^)]*\\)");
     for (const auto& [name, path] : folders) {
-        std::string text = '\n' + textOf(path / "CMakeLists.txt");
+        std::string text = '\n' + test::contentOf(path / "CMakeLists.txt");
         std::smatch match;
         if (!std::regex_search(text, match, list)) {
             continue;
@@ -73,7 +68,7 @@ Folders dependenciesInCmake() {
 // Rows "| `folder/` | what it is | `folder/` `folder/` |".
 Folders dependenciesInPage() {
     Folders result;
-    std::istringstream page(textOf(theTree / "docs/architecture.md"));
+    std::istringstream page(test::contentOf(theTree / "docs/architecture.md"));
     const std::regex row("\\| `([a-z/]+)/` \\|[^|]*\\|([^|]*)\\|");
     const std::regex name("`([a-z/]+)/`");
     for (std::string line; std::getline(page, line);) {
@@ -97,7 +92,7 @@ TEST(Architecture, thePageShowsTheLinksOfCmake) {
 
 // The drawing: a line of folders above those that they call.
 TEST(Architecture, noLineOfTheDrawingCallsItselfOrWhatStandsAbove) {
-    std::istringstream page(textOf(theTree / "docs/architecture.md"));
+    std::istringstream page(test::contentOf(theTree / "docs/architecture.md"));
     std::map<std::string, int> lines;
     const Folders folders = dependenciesInCmake();
     bool isDrawing = false;
@@ -152,7 +147,7 @@ TEST(Architecture, noIncludeRunsUpward) {
     std::size_t count = 0;
     for (const fs::path& file : files) {
         const std::string from = folderOf(file, folders);
-        const std::string text = '\n' + textOf(file);
+        const std::string text = '\n' + test::contentOf(file);
         for (std::sregex_iterator at(text.begin(), text.end(), include), end; at != end; ++at) {
             const auto header = headers.find((*at)[1]);
             if (header == headers.end()) {

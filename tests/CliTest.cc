@@ -19,53 +19,16 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 #include <string>
 
 #include "CaseFile.h"
+#include "Files.h"
 
 namespace lumnis {
-
-namespace test {
-
-// GoogleTest would print the bytes of the object.
-void PrintTo(const Case& theCase, std::ostream* theStream) {
-    *theStream << "cases/cli/" << theCase.file << ".txt:" << theCase.line;
-}
-
-}  // namespace test
 
 namespace {
 
 namespace fs = std::filesystem;
-
-class TemporaryFolder {
-  public:
-    TemporaryFolder() {
-        std::string pattern = (fs::temp_directory_path() / "lumnis-test-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        pathM = pattern;
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder() {
-        std::error_code error;
-        fs::remove_all(pathM, error);
-    }
-    const fs::path& get() const { return pathM; }
-
-  private:
-    fs::path pathM;
-};
-
-std::string contentOf(const fs::path& thePath) {
-    std::ifstream stream(thePath, std::ios::binary);
-    std::ostringstream content;
-    content << stream.rdbuf();
-    return content.str();
-}
 
 std::string quoted(const std::string& thePath) {
     return "'" + thePath + "'";
@@ -89,7 +52,7 @@ TEST_P(CliTest, saysAndDoes) {
         ASSERT_TRUE(section.name == "out" || section.name == "err" || section.name == "status")
             << section.name;
     }
-    const TemporaryFolder folder;
+    const test::TemporaryFolder folder;
     const fs::path work = folder.get() / "work";
     fs::copy(LUMNIS_CASES "/cli/setup", work, fs::copy_options::recursive);
     const std::string script = (folder.get() / "script").string();
@@ -99,8 +62,8 @@ TEST_P(CliTest, saysAndDoes) {
 
     const int status = std::system(command.c_str());
 
-    EXPECT_EQ(contentOf(folder.get() / "out"), expected(GetParam(), "out"));
-    EXPECT_EQ(contentOf(folder.get() / "err"), expected(GetParam(), "err"));
+    EXPECT_EQ(test::contentOf(folder.get() / "out"), expected(GetParam(), "out"));
+    EXPECT_EQ(test::contentOf(folder.get() / "err"), expected(GetParam(), "err"));
     const test::CaseSection* const wanted = GetParam().section("status");
     ASSERT_TRUE(WIFEXITED(status)) << status;
     EXPECT_EQ(WEXITSTATUS(status), wanted == nullptr ? 0 : std::stoi(wanted->arguments));

@@ -29,6 +29,8 @@
 #include <string>
 #include <vector>
 
+#include "Files.h"
+
 namespace lumnis {
 namespace {
 
@@ -51,19 +53,8 @@ struct Block {
     std::size_t line;  // of its fence, from 1
 };
 
-std::string contentOf(const fs::path& thePath) {
-    std::ifstream stream(thePath, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-Lines linesOf(const std::string& theText) {
-    Lines lines;
-    std::istringstream stream(theText);
-    for (std::string line; std::getline(stream, line);) {
-        lines.push_back(line);
-    }
-    return lines;
-}
+using test::contentOf;
+using test::linesOf;
 
 std::string joined(const Lines& theLines) {
     std::string text;
@@ -139,16 +130,7 @@ bool isShown(const Lines& theExpected, const Lines& theActual) {
 
 class Page : public testing::TestWithParam<std::string> {
   protected:
-    void SetUp() override {
-        std::string pattern = (fs::temp_directory_path() / "lumnis-page-XXXXXX").string();
-        ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-        folderM = pattern;
-        fs::create_directory(folderM / "work");
-    }
-    void TearDown() override {
-        std::error_code error;
-        fs::remove_all(folderM, error);
-    }
+    void SetUp() override { fs::create_directory(folderM / "work"); }
 
     Lines run(const std::string& theCommand) const {
         std::ofstream(folderM / "command", std::ios::binary) << theCommand << '\n';
@@ -212,7 +194,8 @@ class Page : public testing::TestWithParam<std::string> {
         }
     }
 
-    fs::path folderM;
+    const test::TemporaryFolder temporaryM;
+    const fs::path& folderM = temporaryM.get();
 };
 
 TEST_P(Page, showsWhatHappens) {

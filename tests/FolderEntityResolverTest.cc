@@ -7,6 +7,7 @@
 #include <fstream>
 #include <string>
 
+#include "Files.h"
 #include "FolderEntityResolver.h"
 
 namespace lumnis {
@@ -15,8 +16,6 @@ namespace {
 class FolderEntityResolverTest : public testing::Test {
   protected:
     FolderEntityResolverTest() {
-        std::string name = (std::filesystem::temp_directory_path() / "lumnisXXXXXX").string();
-        rootM = mkdtemp(name.data());
         std::filesystem::create_directories(rootM / "documents/below");
         write("documents/here.ent", std::string("a\0b", 3));
         write("documents/below/there.ent", "below");
@@ -27,7 +26,6 @@ class FolderEntityResolverTest : public testing::Test {
         std::filesystem::create_symlink("..", rootM / "documents/up");
         mkfifo((rootM / "documents/pipe.ent").c_str(), 0600);
     }
-    ~FolderEntityResolverTest() override { std::filesystem::remove_all(rootM); }
 
     void write(const char* theName, const std::string& theText) {
         std::ofstream(rootM / theName, std::ios::binary) << theText;
@@ -45,7 +43,8 @@ class FolderEntityResolverTest : public testing::Test {
         return result;
     }
 
-    std::filesystem::path rootM;
+    const test::TemporaryFolder folderM;
+    const std::filesystem::path& rootM = folderM.get();
 };
 
 TEST_F(FolderEntityResolverTest, readsFilesOfTheFolder) {

@@ -12,6 +12,7 @@
 #include "CaseFile.h"
 #include "DumpReader.h"
 #include "ExportCalls.h"
+#include "Files.h"
 
 namespace lumnis {
 namespace {
@@ -66,12 +67,6 @@ TEST(Limits, textOfTheDump) {
     EXPECT_EQ(fault->message, "the document has more than 16 MiB of text");
 }
 
-std::string contentOf(const std::string& thePath) {
-    std::ostringstream content;
-    content << std::ifstream(thePath).rdbuf();
-    return content.str();
-}
-
 // What stands between back-ticks in the last column of theRow.
 std::vector<std::string> referencesOf(const std::string& theRow) {
     std::vector<std::string> result;
@@ -91,7 +86,7 @@ TEST(Limits, ofTheDocumentHaveTheirCases) {
         const std::string file = theReference.substr(0, theReference.find(": "));
         const std::string name = theReference.substr(file.size() + 2);
         if (file.ends_with(".cc")) {
-            return contentOf(LUMNIS_TREE "/tests/" + file).find(name) != std::string::npos;
+            return test::contentOf(LUMNIS_TREE "/tests/" + file).find(name) != std::string::npos;
         }
         if (!cases.contains(file)) {
             const std::string theme = file.substr(0, file.find('/'));
@@ -101,7 +96,7 @@ TEST(Limits, ofTheDocumentHaveTheirCases) {
         }
         return cases[file].contains(name);
     };
-    std::istringstream document(contentOf(LUMNIS_TREE "/docs/limits.md"));
+    std::istringstream document(test::contentOf(LUMNIS_TREE "/docs/limits.md"));
     int rows = 0;
     for (std::string line; std::getline(document, line);) {
         if (line.starts_with("| ") && !line.ends_with("| Cases |")) {

@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "CliMessages.h"
+#include "Files.h"
 
 namespace lumnis {
 
@@ -22,32 +23,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string contentOf(const fs::path& thePath) {
-    std::ifstream stream(thePath, std::ios::binary);
-    std::ostringstream content;
-    content << stream.rdbuf();
-    return content.str();
-}
+using test::contentOf;
 
 // ---- Examples
 
 class Workplace {
   public:
     Workplace() {
-        std::string pattern = (fs::temp_directory_path() / "lumnis-messages-XXXXXX").string();
-        if (mkdtemp(pattern.data()) == nullptr) {
-            throw std::runtime_error("no temporary folder");
-        }
-        folderM = pattern;
         fs::create_directory(folderM / "work");
         std::ofstream(folderM / "work/hello.wmls") << "extern function f() { return \"hello\"; }\n";
         std::ofstream(folderM / "work/news.wml") << "<wml><card><p>news</p></card></wml>\n";
-    }
-    Workplace(const Workplace&) = delete;
-    Workplace& operator=(const Workplace&) = delete;
-    ~Workplace() {
-        std::error_code error;
-        fs::remove_all(folderM, error);
     }
 
     // The exit status; what is printed stands in theOutput, both streams.
@@ -77,7 +62,8 @@ class Workplace {
     }
 
   private:
-    fs::path folderM;
+    const test::TemporaryFolder temporaryM;
+    const fs::path& folderM = temporaryM.get();
 };
 
 // The messages among the lines of theOutput.

@@ -29,14 +29,6 @@
 
 namespace lumnis {
 
-namespace test {
-
-void PrintTo(const Case& theCase, std::ostream* theStream) {
-    *theStream << theCase.file << ".txt:" << theCase.line << ": " << theCase.name;
-}
-
-}  // namespace test
-
 namespace {
 
 using test::Case;

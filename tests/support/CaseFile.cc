@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <ostream>
 #include <stdexcept>
 
 namespace lumnis::test {
@@ -273,6 +274,10 @@ std::string parameterName(const Case& theCase) {
         result += std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
     }
     return result;
+}
+
+void PrintTo(const Case& theCase, std::ostream* theStream) {
+    *theStream << theCase.file << ".txt:" << theCase.line << ": " << theCase.name;
 }
 
 }  // namespace lumnis::test

@@ -21,6 +21,7 @@
 // Inside the quotes \n, \r, \t, \", \\ and \xHH are as in C.
 #pragma once
 
+#include <iosfwd>
 #include <string>
 #include <vector>
 
@@ -56,5 +57,7 @@ std::string hexDump(const std::string& theBytes);
 
 // For the name of a GoogleTest parameter: file and case, letters and digits alone.
 std::string parameterName(const Case& theCase);
+// What GoogleTest shows of a case that fails: file, line and name.
+void PrintTo(const Case& theCase, std::ostream* theStream);
 
 }  // namespace lumnis::test
