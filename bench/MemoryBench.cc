@@ -43,18 +43,18 @@ void reportScripts() {
 }
 
 void reportDecks() {
-    struct Peer {
+    struct Parser {
         const char* name;
         void (*run)(const std::string& theDeck);
     };
-    constexpr Peer thePeers[] = {{"lumnis", encodeDeck},
-                                 {"libxml2, validating", validateWithLibxml2},
-                                 {"expat", readWithExpat}};
+    constexpr Parser theParsers[] = {{"lumnis", encodeDeck},
+                                     {"libxml2, validating", validateWithLibxml2},
+                                     {"expat", readWithExpat}};
     for (const std::size_t size : {2000u, 14000u, 88000u, 880000u}) {
         const std::string deck = makeDeck(size);
-        for (const Peer& peer : thePeers) {
-            report("deck of " + std::to_string(size), peer.name, deck.size(),
-                   [&] { peer.run(deck); });
+        for (const Parser& parser : theParsers) {
+            report("deck of " + std::to_string(size), parser.name, deck.size(),
+                   [&] { parser.run(deck); });
         }
     }
 }

@@ -17,7 +17,7 @@ function(lumnis_optimize_whole target)
   endif()
 endfunction()
 
-# lumnis_link_as_is(): the targets of this folder from here on are not.
+# lumnis_link_as_is(): the targets of this folder from here on are linked without that optimization.
 macro(lumnis_link_as_is)
   if(LUMNIS_LTO)
     add_link_options(-fno-lto)
