@@ -39,7 +39,7 @@ CliErrorFormat errorForm(const CliBatchOptions& theOptions);
 struct CliBatchResult {
     bool isGood = false;
     std::string product;                     // when good
-    std::string report;                      // for standard output, in front of all diagnostics
+    std::string report;                      // for standard output, before all diagnostics
     std::vector<std::string> sideTexts;      // when good, one for each of sideOutputs
     std::vector<CliDiagnostic> diagnostics;  // when not good
 };

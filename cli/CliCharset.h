@@ -23,13 +23,13 @@ HedCharsetId charsetByName(std::string_view theOption, const std::string& theNam
 // texts are those of the table.
 std::vector<std::string_view> charsetNames(CliCharsetUse theUse);
 
-// The number of a charset that a source names in itself, if a text in it can be converted whose
-// name is readable as ASCII.
+// The number of a charset that a source itself declares. Nothing if the charset cannot be
+// converted, or if a declaration in it could not have been read as ASCII (UCS-2, UCS-4).
 std::optional<HedCharsetId> declaredCharset(std::string_view theName);
 
-// Replaces theSource, which is in theCharset, by the same in UTF-8. A byte order mark in front of
-// UTF-8, which editors write, is taken off. False, with the reason in theMessage, when the bytes
-// are no text of that charset.
+// Replaces theSource, which is in theCharset, by the same in UTF-8. A byte order mark of UTF-8,
+// which editors write, is taken off. False, with the reason in theMessage, when the bytes are no
+// text of that charset.
 bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& theMessage);
 
 }  // namespace lumnis

@@ -33,7 +33,7 @@ CliDiagnostic fileDiagnostic(std::string theFile, std::string theMessage);
 CliDiagnostic sourceDiagnostic(std::string theFile, std::string_view theMessage,
                                std::string_view theSource, std::string theRawText);
 
-// Line theLine of theSource, from 1, without its end; empty behind the last one.
+// Line theLine of theSource, from 1, without its end; empty if there are fewer.
 std::string_view sourceLineAt(std::string_view theSource, int theLine);
 
 // The whole text to print, line ends included.

@@ -16,7 +16,7 @@ namespace lumnis {
 
 struct CliBatchOptions;
 
-// Prints theExamples in front of the rest and the exit statuses behind it.
+// Prints theExamples first and the exit statuses last.
 std::shared_ptr<CLI::FormatterBase> helpWithExamples(std::string theExamples);
 
 // For an option whose value is one of theNames, which stay where they are; a mistyped one gets a

@@ -1,5 +1,5 @@
-// All messages that users can meet, and what each means: the table behind "lumnis explain", behind
-// the page docs/messages.md and behind the mark below a source line. A test holds it complete.
+// All messages that users can meet, and what each means. "lumnis explain", the page
+// docs/messages.md and the mark below a source line come from this table. A test keeps it complete.
 #pragma once
 
 #include <cstddef>
@@ -49,8 +49,8 @@ struct CliSpan {
 bool matchesMessage(const CliMessageRow& theRow, std::string_view theText, bool isPart,
                     std::vector<std::string_view>* theNames = nullptr);
 
-// The rows that explain theText: those whose fixed parts stand in it, of these the ones that have
-// most in common with it; if there are none, those that theText is a part of, in any letter case.
+// The rows that explain theText: of those whose fixed parts stand in it, the ones with most fixed
+// text; if there are none, those that theText is a part of, in any letter case.
 std::vector<const CliMessageRow*> findMessages(std::string_view theText);
 
 // What theMessage speaks of in theSourceLine: the first of its names that stands there exactly

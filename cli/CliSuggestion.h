@@ -7,8 +7,8 @@
 
 namespace lumnis {
 
-// The fewest letters to put in, take out, replace or swap with a neighbour that make theRight of
-// theLeft. ASCII letters in either case count as the same.
+// The fewest letters to insert, delete, replace or swap with a neighbour that turn theLeft into
+// theRight. ASCII letters in either case count as the same.
 std::size_t editDistance(std::string_view theLeft, std::string_view theRight);
 
 // That of theKnown which is nearest to theName, the first of several; empty when none is near
@@ -16,7 +16,7 @@ std::size_t editDistance(std::string_view theLeft, std::string_view theRight);
 std::string_view nearestName(std::string_view theName,
                              const std::vector<std::string_view>& theKnown);
 
-// A line to put behind a message: "\nDid you mean \"NAME\"?", or nothing.
+// A line to append to a message: "\nDid you mean \"NAME\"?", or nothing.
 std::string suggestion(std::string_view theName, const std::vector<std::string_view>& theKnown);
 
 }  // namespace lumnis

@@ -82,7 +82,7 @@ void appendUtf8(std::uint32_t theCharacter, std::string& theText) {
     }
 }
 
-// theBytes are what stands behind the byte order mark. With a fault theResult ends in front of it.
+// theBytes follow the byte order mark. With a fault theResult is the text before it.
 std::optional<CliTextFault> convertUtf16(std::string_view theBytes, bool isBigEndian,
                                          CpsString& theResult) {
     std::string text;
@@ -128,7 +128,7 @@ std::optional<CliTextFault> convertXmlSource(CpsString& theSource) {
         }
     }
     const std::string encoding(declaredEncoding(source));
-    if (encoding.empty()) {  // as it is behind a byte order mark
+    if (encoding.empty()) {  // no declaration, or one after a byte order mark of UTF-8
         std::string message;
         convertSource(theSource, theUtf8Charset, message);
         return std::nullopt;

@@ -1,4 +1,4 @@
-// XML files on their way into the library, which reads UTF-8 alone.
+// XML files made ready for the parser, which reads UTF-8 alone.
 #pragma once
 
 #include <optional>
@@ -18,7 +18,7 @@ struct CliTextFault {
 // Replaces theSource, an XML file as it is, by the same in UTF-8 without byte order mark. The
 // charset is that of the byte order mark (UTF-8 or UTF-16), else the one that the XML declaration
 // names, else UTF-8. A source that has nothing but ASCII in it stays as it is, whatever it names.
-// After a fault theSource is the text that its line is one of.
+// After a fault theSource is the text in which the line of the fault counts.
 std::optional<CliTextFault> convertXmlSource(CpsString& theSource);
 
 // The first byte of theText that is no well-formed UTF-8.

@@ -203,13 +203,20 @@ CliBatchResult EncodeCommand::encode(const std::string& theName, const CpsString
     result.isGood = true;
     result.product = driver.getOutput().view();
     if (hasMetaReportM) {
-        const std::string prefix = batchM.inputs.size() > 1 ? visibleText(theName) + ": " : "";
-        for (const XaMetaData& entry : driver.getRunOutput()->getMetaDataList()) {
-            result.report += prefix + visibleText(entry.getHttpEquiv()) + ": " +
-                             visibleText(entry.getContent()) + "\n";
-        }
+        result.report = metaReport(theName, driver);
     }
     return result;
+}
+
+std::string EncodeCommand::metaReport(const std::string& theName,
+                                      const WmlEncodeDriver& theDriver) const {
+    const std::string prefix = batchM.inputs.size() > 1 ? visibleText(theName) + ": " : "";
+    std::string report;
+    for (const XaMetaData& entry : theDriver.getRunOutput()->getMetaDataList()) {
+        report += prefix + visibleText(entry.getHttpEquiv()) + ": " +
+                  visibleText(entry.getContent()) + "\n";
+    }
+    return report;
 }
 
 }  // namespace lumnis

@@ -16,6 +16,8 @@ class App;
 
 namespace lumnis {
 
+class WmlEncodeDriver;
+
 class EncodeCommand {
   public:
     // Adds the verb to theApp. This object takes the values of its options and must stay where it
@@ -24,7 +26,7 @@ class EncodeCommand {
     // Throws CliUsageError before anything is read or written.
     CliExit run() const;
 
-    // Those that --media-type takes.
+    // The names that --media-type takes.
     static std::vector<std::string_view> mediaTypes();
 
   private:
@@ -38,6 +40,8 @@ class EncodeCommand {
     Settings settings() const;
     CliBatchResult encode(const std::string& theName, const CpsString& theSource,
                           const Settings& theSettings) const;
+    // The lines of --meta for a document that theDriver has encoded.
+    std::string metaReport(const std::string& theName, const WmlEncodeDriver& theDriver) const;
 
     CliBatchOptions batchM;
     std::optional<std::string> mediaTypeM;

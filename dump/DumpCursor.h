@@ -1,4 +1,4 @@
-// Reading position in a file whose every read is tested.
+// A position in a file to read from. No read goes beyond the end.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace lumnis {
 
-// Throws DumpFault. The bytes must outlive the cursor.
+// What is not there is thrown as a DumpFault. The bytes must outlive the cursor.
 class DumpCursor {
   public:
     explicit DumpCursor(std::string_view theBytes)
@@ -33,8 +33,8 @@ class DumpCursor {
     // Up to and without a terminator of theWidth zero bytes, which is passed over.
     std::string_view terminated(std::uint32_t theWidth, const char* theWhat);
 
-    // Length of the text at the start of theBytes in front of theWidth zero bytes at a multiple of
-    // theWidth; npos if there is no such terminator.
+    // How many bytes precede the first terminator in theBytes: theWidth zero bytes at a multiple of
+    // theWidth. npos if there is none.
     static std::size_t terminatedLength(std::string_view theBytes, std::uint32_t theWidth);
 
   private:

@@ -18,7 +18,7 @@ enum class DumpKind : std::uint8_t {
     page,           // SWITCH_PAGE: value is the page
     tag,            // name; depth is that of the element
     attribute,      // name, and in text what the token says of the value
-    attributesEnd,  // the END behind the attributes of a tag
+    attributesEnd,  // the END after the attributes of a tag
     elementEnd,     // name of the element that ends
     text,           // in content, in an attribute or in an instruction
     variable,       // name, and in text the conversion: "e", "u" or "n"

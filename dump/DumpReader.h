@@ -1,4 +1,4 @@
-// Entrance of the folder: any file to its pieces.
+// The entrance of this folder: from a file of either format to its pieces.
 #pragma once
 
 #include <optional>
@@ -8,12 +8,12 @@
 
 namespace lumnis {
 
-// The largest file that is read: a thousand times what a handset takes would still fit in.
+// The largest file that is read, in bytes: 64 times what a handset takes.
 inline constexpr std::size_t theDumpFileLimit = std::size_t{4} << 20;
 
-// What theFile is, is found by its content unless theFormat tells. Both formats begin alike, so a
-// file whose second field is the number of the bytes behind it counts as byte code if it can be
-// read as such; a damaged one counts as what its charset field makes likelier.
+// Reads theFile as theFormat, or as what its content shows it to be. Both formats begin alike: a
+// file that can be read as byte code is byte code; a damaged one is what its charset field makes
+// likelier.
 DumpListing readDump(std::string_view theFile, std::optional<DumpFormat> theFormat);
 
 }  // namespace lumnis

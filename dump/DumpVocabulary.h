@@ -1,4 +1,4 @@
-// Names behind the numbers of WBXML: the tables of the encoder, read the other way round.
+// From the numbers of WBXML to names: the tables of the encoder, read the other way round.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
 // The two ways to compile a script, WMLSCompile and WscWmlScriptCompiler: what they promise apart
-// from the byte code, and the texts of the scanner that go through tables of words.
+// from the byte code, and the words that the scanner knows.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

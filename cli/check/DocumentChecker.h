@@ -24,10 +24,11 @@ class DocumentChecker {
     explicit DocumentChecker(std::ostream* theEvents);
     ~DocumentChecker();
 
-    // Documents are validated against the DTD of theText from now on. After a fault, which is one
-    // of theText, the checker is as it was.
+    // Documents are validated against the DTD in theText from now on. If that has a fault, which is
+    // the result, the checker stays as it was.
     std::optional<Fault> setDtd(const CpsString& theText);
-    // What a document uses is implied, and no DTD but its own internal subset is looked at.
+    // With true a document need not be valid: elements and attributes count as declared by their
+    // use, and no DTD is read but the document's internal subset.
     void setNonvalidating(bool theFlag) { isNonvalidatingM = theFlag; }
 
     // Nothing if theDocument is valid. Without theResolver nothing external is read.

@@ -11,9 +11,9 @@
 //     space "text"
 //     pi "target" "data"
 //
-// "arg." stands in front of the word when the actor was an argument of setDtd or
-// makeNonvalidating. In quotes a back-slash stands in front of " and of a back-slash, and each
-// byte outside of 0x20 to 0x7E is \xHH in lower case.
+// The word begins with "arg." when the actor was an argument of setDtd or makeNonvalidating. In
+// quotes, " and the back-slash have a back-slash before them, and each byte outside of 0x20 to 0x7E
+// is \xHH in lower case.
 #pragma once
 
 #include <memory>

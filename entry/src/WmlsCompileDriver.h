@@ -30,8 +30,8 @@ class WmlsCompileDriver {
     bool run(const char* theSource, int theSourceLength, char** theResult,
              std::uint32_t& theResultLength, char** theErrorText);
 
-    // Stores theText and a line end behind it, terminated and from malloc, in *theErrorText;
-    // null when there is no memory for it.
+    // Stores a copy of theText and a line end, terminated and from malloc, in *theErrorText, unless
+    // theErrorText is null; a null pointer when there is no memory for it.
     static void storeErrorText(std::string_view theText, char** theErrorText) noexcept;
 
     // The messages of the last compilation, each under its heading: the text of WMLSCompile without

@@ -77,8 +77,8 @@ FwApplicationLog::FwApplicationLog() noexcept {
         std::memory_order_relaxed);
 }
 
-// The order is part of what the log promises: a setting that cannot be read ends it, and flags
-// behind it stay off.
+// The order is part of what the log promises: a setting that cannot be read ends it, and the flags
+// after it stay off.
 void FwApplicationLog::readSettings() {
     processIdM = FwSystem::processId();
     const CpsString folder = readText(theFileKey, "Directory");

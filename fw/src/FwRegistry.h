@@ -15,7 +15,7 @@ class FwRegistry {
     // The value of theValueName in the key theSubKey below the root; the key is opened and closed
     // again.
     void getString(const CpsString& theSubKey, const CpsString& theValueName, CpsString& theOutput);
-    // The value as an unsigned decimal number: blanks in front of it and text behind it do not
+    // The value as an unsigned decimal number: blanks before it and text after it do not
     // count, and what exceeds 32 bits is the largest number.
     void getUnsigned(const CpsString& theSubKey, const CpsString& theValueName,
                      unsigned& theOutput);

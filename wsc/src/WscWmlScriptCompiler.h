@@ -31,9 +31,9 @@ class WscWmlScriptCompiler {
     // Adds a charset (MIBenum number) that the output may have, the most wanted first. With none
     // the output is UTF-8. Returns 1.
     int setAcceptCharacterSet(unsigned int theCharset);
-    // A DEBUG instruction in front of every statement. Off at first.
+    // Whether a DEBUG instruction precedes every statement. Off at first.
     void setDebugMode(bool theMode) { debugModeM = theMode; }
-    // The peephole optimizer. On at first.
+    // Whether the peephole optimizer runs. On at first.
     void setOptimizeMode(bool theMode) { optimizeModeM = theMode; }
     // Where the dump of the syntax tree goes; null, as at first, for nowhere. Not owned.
     void setParseTreeStream(std::ostream* theStream) { parseTreeStreamM = theStream; }

@@ -138,7 +138,7 @@ class WscSimpleNode {
     const WscSimpleNode* getFirstChild() const noexcept {
         return lastChildM != 0 ? this + lastChildM + this[lastChildM].nextSiblingM : nullptr;
     }
-    // The child behind theChild, null behind the last.
+    // The child after theChild, null after the last.
     const WscSimpleNode* getNextChild(const WscSimpleNode* theChild) const noexcept {
         return theChild == this + lastChildM ? nullptr : theChild + theChild->nextSiblingM;
     }
@@ -146,7 +146,7 @@ class WscSimpleNode {
     WscNodeType getNodeType() const noexcept { return nodeTypeM; }
     bool isA(WscNodeType theType) const noexcept { return nodeTypeM == theType; }
     // The source line, from 1, at which the parser made the node: that of the last token it had
-    // read, which may be the one behind the node.
+    // read, which may be the one after the node.
     int getLineNumber() const noexcept { return lineNumberM; }
 
   protected:
@@ -161,7 +161,7 @@ class WscSimpleNode {
     }
     std::uint32_t getValue() const noexcept { return valueM; }
 
-    // Steps through all children in order: the next one, or null behind the last.
+    // Steps through all children in order: the next one, or null after the last.
     const WscSimpleNode* nextChild(WscActionFrame& theFrame) const noexcept {
         theFrame.currentChild = theFrame.currentChild == nullptr
                                     ? getFirstChild()
@@ -177,7 +177,7 @@ class WscSimpleNode {
                                  const WscSimpleNode* theTo) noexcept {
         return static_cast<std::int32_t>(theTo - theFrom);
     }
-    // What stands behind the node's name in a dump.
+    // What follows the node's name in a dump.
     CpsString getDumpText(const WscSourceTexts& theTexts) const;
 
     // Distances in the array. The children form a ring: the last one's next is the first.

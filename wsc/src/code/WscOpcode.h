@@ -89,7 +89,7 @@ constexpr std::uint8_t valueOf(WscOpcode theOpcode) noexcept {
     return static_cast<std::uint8_t>(theOpcode);
 }
 
-// What stands behind the opcode, most significant byte first.
+// What follows the opcode, most significant byte first.
 enum class WscOperands : std::uint8_t {
     None,
     Short,         // index in the opcode's low bits

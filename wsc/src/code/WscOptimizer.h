@@ -44,7 +44,7 @@ class WscOptimizer {
     void optimizeFunctionCode(WscFunctionCode& theCode, bool isOptimizing) const;
 
     // The actions of the one rule that theFrame matches, or none. A frame holds the instruction
-    // numbers of up to four instructions, the first in the lowest byte, 0 behind the last.
+    // numbers of up to four instructions, the first in the lowest byte, 0 after the last.
     std::span<const Action> getFrameAction(std::uint32_t theFrame) const;
 };
 
