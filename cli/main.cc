@@ -55,6 +55,22 @@ std::string suggestionFor(const std::string& theWord, const CLI::App& theApp) {
     return lumnis::suggestion(word, {names.begin(), names.end()});
 }
 
+// What is wrong with the words that theApp has parsed, without a line end behind it.
+std::string textOf(const CLI::ParseError& theError, const CLI::App& theApp) {
+    std::string text = theError.what();
+    if (theApp.get_subcommands().empty()) {
+        const std::vector<std::string> rest = theApp.remaining();
+        text = rest.empty() ? "no verb given"
+                            : "unknown: " + lumnis::visibleText(rest.front()) +
+                                  suggestionFor(rest.front(), theApp);
+    } else if (theError.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
+        const std::vector<std::string> rest = theApp.remaining(true);
+        text += suggestionFor(rest.front(), *theApp.get_subcommands().front());
+    }
+    text.erase(text.find_last_not_of('\n') + 1);
+    return text;
+}
+
 int run(int theCount, char** theArguments) {
     CLI::App app("WML decks to WBXML and WMLScript to byte code, as a WAP handset receives them.",
                  "lumnis");
@@ -83,18 +99,8 @@ int run(int theCount, char** theArguments) {
         std::cout.flush();
         return std::cout.good() ? 0 : usageError("standard output: cannot write");
     } catch (const CLI::ParseError& error) {
-        std::string text = error.what();
-        if (app.get_subcommands().empty()) {
-            const std::vector<std::string> rest = app.remaining();
-            text = rest.empty() ? "no verb given"
-                                : "unknown: " + lumnis::visibleText(rest.front()) +
-                                      suggestionFor(rest.front(), app);
-        } else if (error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError)) {
-            const std::vector<std::string> rest = app.remaining(true);
-            text += suggestionFor(rest.front(), *app.get_subcommands().front());
-        }
-        text.erase(text.find_last_not_of('\n') + 1);
-        return usageError(text + "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
+        return usageError(textOf(error, app) +
+                          "\nTry \"lumnis --help\" or \"lumnis VERB --help\".");
     }
     try {
         const CliExit exit = app.got_subcommand("encode")     ? encode.run()
