@@ -8,6 +8,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdio>
@@ -20,7 +21,7 @@ namespace {
 constexpr mode_t theLockMode = 0666;
 constexpr long theFirstPause = 50'000;  // nanoseconds
 constexpr long theLongestPause = 5'000'000;
-constexpr long thePatience = 1'000'000'000;
+constexpr long thePatience = 1'000'000'000;  // in all
 
 // Set when a wait has been in vain: a holder that does not let go is waited for once, not at
 // every line.
@@ -84,12 +85,14 @@ int tryLock(const char* thePath, bool& isBusy) {
 FwNamedMutex::FwNamedMutex(const char* theName) noexcept : handleM(-1) {
     char path[128];
     std::snprintf(path, sizeof path, "%s/lumnisutil.%s", lockFolder(), theName);
+    long waited = 0;
     long pause = theFirstPause;
-    for (long waited = 0;;) {
+    for (;;) {
         bool isBusy = false;
         handleM = tryLock(path, isBusy);
-        if (handleM >= 0 || !isBusy) {
-            break;
+        if (!isBusy) {
+            isStuck.store(false, std::memory_order_relaxed);
+            return;
         }
         if (waited >= thePatience || isStuck.load(std::memory_order_relaxed)) {
             isStuck.store(true, std::memory_order_relaxed);
@@ -98,9 +101,8 @@ FwNamedMutex::FwNamedMutex(const char* theName) noexcept : handleM(-1) {
         const timespec duration{0, pause};
         ::nanosleep(&duration, nullptr);
         waited += pause;
-        pause = pause * 2 < theLongestPause ? pause * 2 : theLongestPause;
+        pause = std::min(2 * pause, theLongestPause);
     }
-    isStuck.store(false, std::memory_order_relaxed);
 }
 
 FwNamedMutex::~FwNamedMutex() {
