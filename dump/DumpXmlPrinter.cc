@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <cctype>
-#include <cstdio>
 #include <vector>
 
 #include "DumpPrinter.h"
@@ -112,6 +110,7 @@ class XmlWriter {
     void attribute(const DumpPiece& thePiece);
     void closeAttribute();
     void text(std::string_view theText);
+    void instructionText(std::string_view theText);
     void variable(const DumpPiece& thePiece);
     void entity(const DumpPiece& thePiece);
     void newLine(std::size_t theDepth);
@@ -261,12 +260,7 @@ void XmlWriter::text(std::string_view theText) {
         return;
     }
     if (placeM == Place::instruction) {
-        for (std::size_t i = 0; i < theText.size(); ++i) {
-            outputM += theText[i];
-            if (theText[i] == '?') {
-                outputM += i + 1 < theText.size() && theText[i + 1] != '>' ? "" : " ";
-            }
-        }
+        instructionText(theText);
         return;
     }
     isEmptyM = isEmptyM && placeM != Place::content;
@@ -277,6 +271,17 @@ void XmlWriter::text(std::string_view theText) {
     } else {
         outputM +=
             escaped(theText, isAttribute, listingM.isWml && !(isAttribute && isDollarPlainM));
+    }
+}
+
+// "?>" would end the instruction: a blank parts the two.
+void XmlWriter::instructionText(std::string_view theText) {
+    for (std::size_t i = 0; i < theText.size(); ++i) {
+        outputM += theText[i];
+        const bool isLast = i + 1 == theText.size();
+        if (theText[i] == '?' && (isLast || theText[i + 1] == '>')) {
+            outputM += ' ';
+        }
     }
 }
 
