@@ -27,8 +27,8 @@
  * 2. Result code. 0: success. 1: failure. There are no other values.
  * 3. Result. On success *result points to *resultLength bytes, 1 to 65534 of them, in a block
  *    from malloc that the caller releases with free. A larger result is a failure; its block has
- *    been stored in *result all the same and is the caller's to release, as is the block, mostly
- *    empty, that a refused deck leaves there. *resultLength is written on success alone.
+ *    been stored in *result all the same and is the caller's to release. So is the block, of no
+ *    use, that a refused deck leaves there. *resultLength is written on success alone.
  * 4. Error text. Written on failure alone, and not on every failure: a result of the wrong size,
  *    or lack of memory for it, has no text. An out-parameter that is not written keeps what the
  *    caller left in it, so set all three before the call. errorText alone may be null: then no
@@ -37,9 +37,9 @@
  *    memory for the text, *errorText becomes null.
  *    WMLEncode: NUL-terminated, belongs to the library and is readable until the same thread's
  *    next call of WMLEncode. The caller must not release it.
- * 5. Threads. Any number of calls may run at once on as many threads. The calls start no thread
- *    and keep nothing between each other but tables that are made once and then only read.
- *    The tables are never taken down: a call may come while the process ends.
+ * 5. Threads. Any number of calls may run at once on as many threads. They start no thread of their
+ *    own, and nothing of one call reaches another: what stays are tables that are made once and then
+ *    only read. The tables are never freed, so that a call may come while the process ends.
  * 6. Exceptions. None leaves a call, whatever the source.
  */
 #ifndef LUMNISUTIL_H
