@@ -15,26 +15,30 @@ namespace {
 
 using Inputs = std::vector<WorstInput>;
 
-// theUnit theCount times, each @ in it the number of the repetition.
+// theUnit with theNumber for each @ in it.
+void appendUnit(std::string& theText, std::string_view theUnit, std::size_t theNumber) {
+    for (const char byte : theUnit) {
+        theText += byte == '@' ? std::to_string(theNumber) : std::string(1, byte);
+    }
+}
+
+// theUnit theCount times, each @ in it the number of the repetition, from 0.
 std::string repeat(std::string_view theUnit, std::size_t theCount) {
     std::string result;
     for (std::size_t i = 0; i < theCount; ++i) {
-        for (const char byte : theUnit) {
-            result += byte == '@' ? std::to_string(i) : std::string(1, byte);
-        }
+        appendUnit(result, theUnit, i);
     }
     return result;
 }
 
-// theUnit as often as it fits into theSize bytes. The numbers begin again at theNumbers.
+// The same, as often as it fits into theSize bytes; theCount gets how often. The numbers begin
+// again at theNumbers.
 std::string fill(std::size_t theSize, std::string_view theUnit, std::size_t theNumbers = SIZE_MAX,
                  std::size_t* theCount = nullptr) {
     std::string result;
     std::size_t count = 0;
     for (std::size_t length = 0; !theUnit.empty(); ++count) {
-        for (const char byte : theUnit) {
-            result += byte == '@' ? std::to_string(count % theNumbers) : std::string(1, byte);
-        }
+        appendUnit(result, theUnit, count % theNumbers);
         if (result.size() > theSize) {
             result.resize(length);
             break;
@@ -47,6 +51,7 @@ std::string fill(std::size_t theSize, std::string_view theUnit, std::size_t theN
     return result;
 }
 
+// theHead and theTail, and between them as much of theUnit as theSize allows.
 std::string filled(std::size_t theSize, std::string_view theHead, std::string_view theUnit,
                    std::string_view theTail) {
     const std::size_t around = theHead.size() + theTail.size();
@@ -55,7 +60,7 @@ std::string filled(std::size_t theSize, std::string_view theHead, std::string_vi
     return result += theTail;
 }
 
-// Half of it declares, half of it uses what has been declared.
+// One half repeats theFirst, which declares something, the other half theSecond, which uses it.
 std::string halves(std::size_t theSize, std::string_view theHead, std::string_view theFirst,
                    std::string_view theMiddle, std::string_view theSecond,
                    std::string_view theTail) {
@@ -68,7 +73,8 @@ std::string halves(std::size_t theSize, std::string_view theHead, std::string_vi
     return result += theTail;
 }
 
-// theLevels at most, innermost as much of theFilling as fits.
+// theOpen and theClose around each other, theLevels at most, innermost as much of theFilling as
+// fits.
 std::string nested(std::size_t theSize, std::size_t theLevels, std::string_view theHead,
                    std::string_view theOpen, std::string_view theFilling, std::string_view theClose,
                    std::string_view theTail) {
