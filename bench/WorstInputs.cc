@@ -308,6 +308,12 @@ Inputs worstDecks(std::size_t theSize) {
         {"an entity of text as often as the limit allows",
          "<!DOCTYPE wml [<!ELEMENT wml ANY><!ENTITY e '" + std::string(theSize / 2, 'x') +
              "'>]><wml>" + fill(std::min<std::size_t>(theSize / 2, 3 * 255), "&e;") + "</wml>"},
+        {"an entity of runs of blanks as often as the limit allows",
+         "<!DOCTYPE wml [<!ELEMENT wml ANY><!ENTITY e '" + fill(theSize / 2, "ab  ") + "'>]><wml>" +
+             fill(std::min<std::size_t>(theSize / 2, 3 * 255), "&e;") + "</wml>"},
+        {"an entity of doubled dollars as often as the limit allows",
+         "<!DOCTYPE wml [<!ELEMENT wml ANY><!ENTITY e '" + fill(theSize / 2, "a$$b") + "'>]><wml>" +
+             fill(std::min<std::size_t>(theSize / 2, 3 * 255), "&e;") + "</wml>"},
         {"an entity of elements as often as the limit allows",
          "<!DOCTYPE wml [<!ELEMENT wml ANY><!ENTITY e '<wml>" + fill(theSize / 2, "<wml/>") +
              "</wml>'>]><wml>" + fill(std::min<std::size_t>(theSize / 2, 3 * 255), "&e;") +

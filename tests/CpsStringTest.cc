@@ -5,6 +5,7 @@
 
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 namespace lumnis {
 namespace {
@@ -41,6 +42,21 @@ TEST(CpsString, BufferStaysWhenContentShrinks) {
     string = "short";
     EXPECT_EQ(string.capacity(), 511u);
     EXPECT_STREQ(string.c_str(), "short");
+}
+
+TEST(CpsString, PiecesAreCopiedAFewTimesAlone) {
+    CpsString string;
+    std::string expected;
+    int blocks = 0;
+    for (int i = 0; i < 300000; ++i) {
+        const std::uint32_t before = string.capacity();
+        const std::string_view piece = i % 3 == 0 ? "ab" : "c";
+        string.appendPiece(piece);
+        expected += piece;
+        blocks += string.capacity() != before ? 1 : 0;
+    }
+    EXPECT_EQ(bytes(string), expected);
+    EXPECT_LT(blocks, 20);
 }
 
 TEST(CpsString, NulIsContent) {

@@ -145,6 +145,15 @@ void CpsString::reallocate(std::size_t theLength, std::size_t theKept) {
     limitM = block + size;
 }
 
+// What is too long for a string is left to the append behind it.
+void CpsString::doubleFor(std::size_t theCount) {
+    constexpr std::size_t theMostAtOnce = 1u << 30;
+    const std::size_t wanted = length() + theCount + std::min<std::size_t>(length(), theMostAtOnce);
+    if (theCount <= theMaximumLength - length()) {
+        reserve(static_cast<std::uint32_t>(std::min<std::size_t>(wanted, theMaximumLength)));
+    }
+}
+
 void CpsString::growBy(std::size_t theCount) {
     // The terminator counts here, as it does not in the other two sizing rules.
     reallocate(length() + theCount + 1, length());

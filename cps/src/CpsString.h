@@ -61,6 +61,14 @@ class CpsString {
         *endM++ = theByte;
         return *this;
     }
+    // Appends, and doubles a buffer that is too small: for a content of many pieces, whose blocks
+    // of 256 bytes would be copied again and again. theText must not lie inside this string.
+    CpsString& appendPiece(std::string_view theText) {
+        if (theText.size() > capacity() - length()) {
+            doubleFor(theText.size());
+        }
+        return append(theText);
+    }
     CpsString& operator+=(const CpsString& theOther) { return append(theOther.view()); }
     CpsString& operator+=(std::string_view theText) { return append(theText); }
     CpsString& operator+=(const char* theText) { return append(std::string_view(theText)); }
@@ -134,6 +142,7 @@ class CpsString {
     // Swaps in a block of the next multiple of 256 above theLength, keeping theKept bytes.
     void reallocate(std::size_t theLength, std::size_t theKept);
     void growBy(std::size_t theCount);
+    void doubleFor(std::size_t theCount);
     CpsString& appendGrowing(std::string_view theText);
     void takeFrom(CpsString& theOther) noexcept;
     void release() noexcept {

@@ -92,13 +92,13 @@ CpsString checkDollars(std::string_view theValue) {
     for (;;) {
         const std::size_t dollar = theValue.find('$');
         if (dollar == std::string_view::npos) {
-            result += theValue;
+            result.appendPiece(theValue);
             return result;
         }
         if (!theValue.substr(dollar + 1).starts_with('$')) {
             throw WmlActorException("error in Cdata: Variable references are not allowed");
         }
-        result += theValue.substr(0, dollar + 1);
+        result.appendPiece(theValue.substr(0, dollar + 1));
         theValue.remove_prefix(dollar + 2);
     }
 }

@@ -59,11 +59,11 @@ std::size_t collapsedLength(std::string_view theText) {
 void appendCollapsed(CpsString& theResult, std::string_view theText) {
     for (;;) {
         const std::size_t length = collapsedLength(theText);
-        theResult += theText.substr(0, length);
+        theResult.appendPiece(theText.substr(0, length));
         if (length == theText.size()) {
             return;
         }
-        theResult += ' ';
+        theResult.appendPiece(" ");
         theText.remove_prefix(length);
         while (!theText.empty() && isWmlSpace(theText[0])) {
             theText.remove_prefix(1);
@@ -161,10 +161,10 @@ bool WmlCtrl::splitAtVariables(std::string_view theSource, CpsString& theError,
     std::size_t start = 0;
     for (;;) {
         const std::size_t dollar = std::min(theSource.find('$', start), theSource.size());
-        pending += theSource.substr(start, dollar - start);
+        pending.appendPiece(theSource.substr(start, dollar - start));
         const bool isAtEnd = dollar == theSource.size();
         if (!isAtEnd && dollar + 1 < theSource.size() && theSource[dollar + 1] == '$') {
-            pending += '$';
+            pending.appendPiece("$");
             start = dollar + 2;
             continue;
         }
@@ -324,7 +324,7 @@ void WmlCtrl::removeWhitespaces(CpsString& theText) {
 // ---- Text between tags
 
 void WmlCtrl::addInlineStringToPcData(std::string_view theText) {
-    pcDataBufferM += theText;
+    pcDataBufferM.appendPiece(theText);
     lastWasVarRefM = false;
 }
 

@@ -8,9 +8,6 @@
 namespace lumnis {
 
 struct XpTextRules {
-    // Appends theText and, when the buffer has to grow, doubles it: a string that grows piece by
-    // piece then costs no more than its length.
-    static void append(CpsString& theOutput, std::string_view theText);
     // Appends theText; a carriage return, with or without a line feed behind it, becomes one line
     // feed.
     static void appendWithLineEnds(CpsString& theOutput, std::string_view theText);

@@ -2,8 +2,6 @@
 
 #include <typeinfo>
 
-#include "XpTextRules.h"
-
 namespace lumnis {
 
 namespace {
@@ -18,9 +16,9 @@ CpsString joinNames(const auto& theItems) {
     CpsString result;
     for (const auto& item : theItems) {
         if (&item != &theItems.front()) {
-            XpTextRules::append(result, " ");
+            result.appendPiece(" ");
         }
-        XpTextRules::append(result, item->getName());
+        result.appendPiece(item->getName());
     }
     return result;
 }

@@ -7,7 +7,6 @@
 #include "XpFsm.h"
 #include "XpGrammar.h"
 #include "XpLexer.h"
-#include "XpTextRules.h"
 
 namespace lumnis {
 
@@ -217,9 +216,9 @@ std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(std::string_
     CpsString tokens;
     while (reader.next()) {
         if (!tokens.empty()) {
-            XpTextRules::append(tokens, " ");
+            tokens.appendPiece(" ");
         }
-        XpTextRules::append(tokens, reader.token());
+        tokens.appendPiece(reader.token());
     }
     return std::make_unique<XpDtd::AttValueNmTokens>(std::move(tokens));
 }

@@ -180,13 +180,13 @@ CpsString XpParserBase::processEntityValue(const CpsString& theLiteral) {
         switch (lexerM->yylex()) {
             case XP_NORMAL_CHARS:
             case XP_ENTITY_REFERENCE:
-                XpTextRules::append(result, lexerM->getText());
+                result.appendPiece(lexerM->getText());
                 break;
             case XP_PE_REFERENCE: {
                 const CpsString& text =
                     activeDtdM->obtainParameterEntity(lexerM->getTokenText()).getTextValue();
                 lexerM->countExpansion(text.length());
-                XpTextRules::append(result, text);
+                result.appendPiece(text);
                 break;
             }
             case XP_CHARREF:

@@ -6,7 +6,6 @@
 #include "XpGrammar.h"
 #include "XpInternalError.h"
 #include "XpParserError.h"
-#include "XpTextRules.h"
 
 namespace lumnis {
 
@@ -119,8 +118,8 @@ bool XpLexer::getUndefinedIds(CpsString& theOutput) const {
     }
     std::sort(names.begin(), names.end());
     for (const std::string_view name : names) {
-        XpTextRules::append(theOutput, " ");
-        XpTextRules::append(theOutput, name);
+        theOutput.appendPiece(" ");
+        theOutput.appendPiece(name);
     }
     return !names.empty();
 }

@@ -8,8 +8,6 @@ namespace lumnis {
 namespace {
 
 constexpr std::string_view theSpaces = "\t\n\r ";
-// What a string may hold; beyond that it throws.
-constexpr std::uint64_t theLongest = 4294967039;
 
 // Appends theText in pieces between the bytes that isSpecial knows, which with a line feed behind
 // a carriage return become theByte.
@@ -18,11 +16,11 @@ void appendReplacing(CpsString& theOutput, std::string_view theText, Test isSpec
     for (;;) {
         const auto place = std::find_if(theText.begin(), theText.end(), isSpecial);
         const auto at = static_cast<std::size_t>(place - theText.begin());
-        XpTextRules::append(theOutput, theText.substr(0, at));
+        theOutput.appendPiece(theText.substr(0, at));
         if (at == theText.size()) {
             return;
         }
-        XpTextRules::append(theOutput, {&theByte, 1});
+        theOutput.appendPiece({&theByte, 1});
         const bool isPair = theText.substr(at, 2) == "\r\n";
         theText.remove_prefix(at + (isPair ? 2 : 1));
     }
@@ -30,20 +28,9 @@ void appendReplacing(CpsString& theOutput, std::string_view theText, Test isSpec
 
 }  // namespace
 
-void XpTextRules::append(CpsString& theOutput, std::string_view theText) {
-    const std::uint64_t length = std::uint64_t{theOutput.length()} + theText.size();
-    if (length > theOutput.capacity() && length <= theLongest) [[unlikely]] {
-        constexpr std::uint64_t theMostAtOnce = 1u << 30;
-        const std::uint64_t wanted =
-            length + std::min<std::uint64_t>(theOutput.length(), theMostAtOnce);
-        theOutput.reserve(static_cast<std::uint32_t>(std::min(wanted, theLongest)));
-    }
-    theOutput.append(theText);
-}
-
 void XpTextRules::appendWithLineEnds(CpsString& theOutput, std::string_view theText) {
     if (theText.find('\r') == std::string_view::npos) {
-        append(theOutput, theText);
+        theOutput.appendPiece(theText);
         return;
     }
     appendReplacing(
@@ -78,7 +65,7 @@ void XpTextRules::appendUtf8(CpsString& theOutput, unsigned theCodePoint) {
         putTail(6);
         putTail(0);
     }
-    append(theOutput, {bytes, count});
+    theOutput.appendPiece({bytes, count});
 }
 
 CpsString XpTextRules::collapseSpace(std::string_view theText) {
@@ -90,9 +77,9 @@ CpsString XpTextRules::collapseSpace(std::string_view theText) {
         }
         const std::size_t end = std::min(theText.find_first_of(theSpaces), theText.size());
         if (!result.empty()) {
-            append(result, " ");
+            result.appendPiece(" ");
         }
-        append(result, theText.substr(0, end));
+        result.appendPiece(theText.substr(0, end));
         theText.remove_prefix(end);
     }
 }
