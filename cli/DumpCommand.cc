@@ -48,9 +48,13 @@ void DumpCommand::addTo(CLI::App& theApp) {
     verb->add_option("--format", formatM, "wbxml or script; without it the content of FILE decides")
         ->option_text("FORMAT")
         ->check(oneOf({"wbxml", "script"}));
-    CLI::Option* const xml = verb->add_flag(
-        "--xml", isXmlM, "Write the markup alone, in UTF-8: a deck becomes WML again");
-    verb->add_flag("--json", isJsonM, "Write one JSON object, for tools")->excludes(xml);
+    CLI::Option* const xml =
+        verb->add_flag("--xml", isXmlM,
+                       "Write the markup alone, in UTF-8: a deck becomes WML again")
+            ->option_text(" ");
+    verb->add_flag("--json", isJsonM, "Write one JSON object, for tools; not with --xml")
+        ->excludes(xml)
+        ->option_text(" ");
 }
 
 CliExit DumpCommand::run() const {
