@@ -7,6 +7,7 @@
 #include "CcCharsetConverter.h"
 #include "CliError.h"
 #include "CliSuggestion.h"
+#include "CpsAscii.h"
 #include "HedCharsetMap.h"
 #include "PrintableText.h"
 

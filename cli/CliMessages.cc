@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "CliMessageTables.h"
-#include "PrintableText.h"
+#include "CpsAscii.h"
 
 namespace lumnis {
 
@@ -45,9 +45,8 @@ bool containsWithoutCase(std::string_view theText, std::string_view thePart) {
 }
 
 bool isWordByte(char theByte) {
-    const auto byte = static_cast<unsigned char>(theByte);
-    return byte >= 0x80 || (byte >= '0' && byte <= '9') ||
-           (asciiLower(theByte) >= 'a' && asciiLower(theByte) <= 'z') || byte == '_';
+    return static_cast<unsigned char>(theByte) >= 0x80 || isAsciiDigit(theByte) ||
+           isAsciiLetter(theByte) || theByte == '_';
 }
 
 // Where theWord stands in theLine as a whole word; npos unless it does so exactly once.

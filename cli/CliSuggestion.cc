@@ -4,7 +4,7 @@
 #include <numeric>
 #include <utility>
 
-#include "PrintableText.h"
+#include "CpsAscii.h"
 
 namespace lumnis {
 

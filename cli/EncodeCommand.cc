@@ -12,6 +12,7 @@
 #include "CliSuggestion.h"
 #include "CliXmlNotes.h"
 #include "CliXmlSource.h"
+#include "CpsAscii.h"
 #include "HedCharsetMap.h"
 #include "HedMediaTypeMap.h"
 #include "PrintableText.h"

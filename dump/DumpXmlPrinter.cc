@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "CpsAscii.h"
 #include "DumpPrinter.h"
 #include "DumpVocabulary.h"
 
@@ -10,19 +11,15 @@ namespace {
 
 constexpr std::size_t theIndentationShown = 32;
 
-bool isXmlSpace(char theByte) {
-    return theByte == ' ' || theByte == '\t' || theByte == '\n' || theByte == '\r';
-}
-
 // A name from a string table can have any bytes; "_" stands for each that no XML name has.
 std::string xmlName(std::string_view theName) {
     std::string result;
     for (const char c : theName) {
         const bool isFirst = result.empty();
-        const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
-                              static_cast<unsigned char>(c) >= 0x80 || c == '_' || c == ':';
-        const bool isOther = (c >= '0' && c <= '9') || c == '-' || c == '.';
-        result += isLetter || (isOther && !isFirst) ? c : '_';
+        const bool isStart =
+            isAsciiLetter(c) || static_cast<unsigned char>(c) >= 0x80 || c == '_' || c == ':';
+        const bool isFurther = isAsciiDigit(c) || c == '-' || c == '.';
+        result += isStart || (isFurther && !isFirst) ? c : '_';
     }
     return result;
 }
@@ -150,7 +147,7 @@ void XmlWriter::doctype(std::string_view theRoot) {
     for (const char c : listingM.publicId) {
         const bool isAllowed =
             std::string_view(" -'()+,./:=?;!*#@$_%").find(c) != std::string_view::npos ||
-            (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+            isAsciiDigit(c) || isAsciiLetter(c);
         id += isAllowed ? c : '_';
     }
     outputM += "<!DOCTYPE " + xmlName(theRoot) + " PUBLIC \"" + id + "\" \"" +
@@ -289,8 +286,7 @@ void XmlWriter::instructionText(std::string_view theText) {
 // depends on the attribute. Names that begin with a digit have long conversions alone.
 void XmlWriter::variable(const DumpPiece& thePiece) {
     isEmptyM = isEmptyM && placeM != Place::content;
-    const bool isNumbered =
-        !thePiece.name.empty() && thePiece.name[0] >= '0' && thePiece.name[0] <= '9';
+    const bool isNumbered = !thePiece.name.empty() && isAsciiDigit(thePiece.name[0]);
     std::string conversion = thePiece.text;
     if (isNumbered) {
         conversion = conversion == "e" ? "escape" : conversion == "u" ? "unesc" : "noesc";

@@ -6,12 +6,6 @@
 
 namespace lumnis {
 
-// The small letter of an ASCII capital, whatever the locale; other bytes as they are.
-constexpr char asciiLower(char theLetter) {
-    return theLetter >= 'A' && theLetter <= 'Z' ? static_cast<char>(theLetter + ('a' - 'A'))
-                                                : theLetter;
-}
-
 // Two hexadecimal digits, in capitals.
 std::string hexByte(unsigned char theByte);
 

@@ -2,16 +2,13 @@
 
 #include <string>
 
+#include "CpsAscii.h"
+
 namespace lumnis {
 
 std::int32_t HedNameMap::getNumber(std::string_view theName) const {
     std::string lowered(theName);
-    for (char& c : lowered) {
-        // Not tolower: a locale must not change what a name means.
-        if (c >= 'A' && c <= 'Z') {
-            c = static_cast<char>(c - 'A' + 'a');
-        }
-    }
+    std::transform(lowered.begin(), lowered.end(), lowered.begin(), asciiLower);
     const auto found = std::lower_bound(
         namesM.begin(), namesM.end(), std::string_view(lowered),
         [](const HedNameRow& theRow, std::string_view theText) { return theRow.name < theText; });

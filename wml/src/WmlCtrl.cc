@@ -36,10 +36,6 @@ struct ValueIndex {
 };
 constexpr ValueIndex theValueIndex;
 
-char lowerCase(char theByte) {
-    return theByte >= 'A' && theByte <= 'Z' ? static_cast<char>(theByte - 'A' + 'a') : theByte;
-}
-
 bool hasVariables(std::string_view theText) {
     return theText.find('$') != std::string_view::npos;
 }
@@ -47,8 +43,8 @@ bool hasVariables(std::string_view theText) {
 // How many bytes of theText come before white space that is more than one blank.
 std::size_t collapsedLength(std::string_view theText) {
     for (std::size_t i = 0; i < theText.size(); ++i) {
-        if (isWmlSpace(theText[i]) &&
-            (theText[i] != ' ' || (i + 1 < theText.size() && isWmlSpace(theText[i + 1])))) {
+        if (isXmlSpace(theText[i]) &&
+            (theText[i] != ' ' || (i + 1 < theText.size() && isXmlSpace(theText[i + 1])))) {
             return i;
         }
     }
@@ -65,7 +61,7 @@ void appendCollapsed(CpsString& theResult, std::string_view theText) {
         }
         theResult.appendPiece(" ");
         theText.remove_prefix(length);
-        while (!theText.empty() && isWmlSpace(theText[0])) {
+        while (!theText.empty() && isXmlSpace(theText[0])) {
             theText.remove_prefix(1);
         }
     }
@@ -74,7 +70,7 @@ void appendCollapsed(CpsString& theResult, std::string_view theText) {
 // The token of a conversion (WML 1.3, 10.3.1), END for one that is not known.
 unsigned char tokenOfConversion(std::string_view theConversion, bool areShortKnown) {
     CpsString name(theConversion);
-    std::transform(name.data(), name.data() + name.length(), name.data(), lowerCase);
+    std::transform(name.data(), name.data() + name.length(), name.data(), asciiLower);
     if (name == "escape" || (areShortKnown && name == "e")) {
         return XaWbxmlToken::EXT_T_0;
     }
@@ -275,7 +271,7 @@ void WmlCtrl::tokenizeAttributeValue(std::string_view theValue) {
 }
 
 bool WmlCtrl::checkNumber(std::string_view theText) {
-    return std::all_of(theText.begin(), theText.end(), isWmlDigit);
+    return std::all_of(theText.begin(), theText.end(), isAsciiDigit);
 }
 
 bool WmlCtrl::validateLength(std::string_view theText) {
@@ -286,7 +282,7 @@ bool WmlCtrl::validateLength(std::string_view theText) {
 
 void WmlCtrl::removePrecedingWhitespaces(CpsString& theText, bool theKeepOne) {
     std::uint32_t count = 0;
-    while (count < theText.length() && isWmlSpace(theText[count])) {
+    while (count < theText.length() && isXmlSpace(theText[count])) {
         ++count;
     }
     if (count > 0 && theKeepOne) {
@@ -297,7 +293,7 @@ void WmlCtrl::removePrecedingWhitespaces(CpsString& theText, bool theKeepOne) {
 
 void WmlCtrl::removeWhitespacesAtEnd(CpsString& theText, bool theKeepOne) {
     std::uint32_t end = theText.length();
-    while (end > 0 && isWmlSpace(theText[end - 1])) {
+    while (end > 0 && isXmlSpace(theText[end - 1])) {
         --end;
     }
     if (end < theText.length() && theKeepOne) {
@@ -310,7 +306,7 @@ void WmlCtrl::removeWhitespaces(CpsString& theText) {
     auto end = static_cast<std::uint32_t>(collapsedLength(theText));
     bool wasSpace = false;
     for (std::uint32_t i = end; i < theText.length(); ++i) {
-        const bool isSpace = isWmlSpace(theText[i]);
+        const bool isSpace = isXmlSpace(theText[i]);
         if (!isSpace) {
             theText[end++] = theText[i];
         } else if (!wasSpace) {

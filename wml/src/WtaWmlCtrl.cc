@@ -17,12 +17,12 @@ bool WtaWmlCtrl::validateVariableDecl(std::string_view theSource, CpsString& the
         return WmlCtrl::validateVariableDecl(theSource, theOutput, thePosition, theError,
                                              theEscapeDefault);
     }
-    if (isAtEnd || !isWmlDigit(theSource[position])) {
+    if (isAtEnd || !isAsciiDigit(theSource[position])) {
         theError = "Variable name has to begin with digit, alpha or '_'";
         return false;
     }
     const std::uint32_t start = position;
-    while (position < theSource.size() && isWmlDigit(theSource[position])) {
+    while (position < theSource.size() && isAsciiDigit(theSource[position])) {
         ++position;
     }
     return finishVariable(theSource, theSource.substr(start, position - start), position,

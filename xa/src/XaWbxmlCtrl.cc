@@ -2,19 +2,12 @@
 
 #include <algorithm>
 
+#include "CpsAscii.h"
 #include "FwTraceScope.h"
 #include "XaMbUInt.h"
 #include "XaWbxmlStringTable.h"
 
 namespace lumnis {
-
-namespace {
-
-bool isXmlSpace(char theByte) {
-    return theByte == ' ' || theByte == '\t' || theByte == '\r' || theByte == '\n';
-}
-
-}  // namespace
 
 CpsString XaWbxmlCtrl::ConversionFailure::toString() const {
     return "character conversion failed";
