@@ -229,21 +229,12 @@ static_assert(std::all_of(theCharsetAliases.begin(), theCharsetAliases.end(),
                                                  });
                           }));
 
+constexpr auto theCharsetsByName = sortedByName(withAliases());
+constexpr auto theCharsetsByNumber = sortedByNumber(theCanonicalCharsets);
+
 }  // namespace
 
-// The sorted tables are made here, where the sorting of the base can be reached.
-HedCharsetMap::HedCharsetMap()
-    : HedNameMap(
-          [] {
-              static constexpr auto theNames = sortedByName(withAliases());
-              static_assert(haveUniqueNames(theNames));
-              return std::span<const HedNameRow>(theNames);
-          }(),
-          [] {
-              static constexpr auto theNumbers = sortedByNumber(theCanonicalCharsets);
-              static_assert(haveUniqueNumbers(theNumbers));
-              return std::span<const HedNameRow>(theNumbers);
-          }()) {}
+HedCharsetMap::HedCharsetMap() : HedNameMap(theCharsetsByName, theCharsetsByNumber) {}
 
 const HedCharsetMap& HedCharsetMap::instance() {
     // Never destroyed: a call may come while the process ends.

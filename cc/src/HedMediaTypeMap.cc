@@ -71,20 +71,12 @@ constexpr std::array theMediaTypes{
 
 // clang-format on
 
+constexpr auto theMediaTypesByName = sortedByName(theMediaTypes);
+constexpr auto theMediaTypesByNumber = sortedByNumber(theMediaTypes);
+
 }  // namespace
 
-HedMediaTypeMap::HedMediaTypeMap()
-    : HedNameMap(
-          [] {
-              static constexpr auto theNames = sortedByName(theMediaTypes);
-              static_assert(haveUniqueNames(theNames));
-              return std::span<const HedNameRow>(theNames);
-          }(),
-          [] {
-              static constexpr auto theNumbers = sortedByNumber(theMediaTypes);
-              static_assert(haveUniqueNumbers(theNumbers));
-              return std::span<const HedNameRow>(theNumbers);
-          }()) {}
+HedMediaTypeMap::HedMediaTypeMap() : HedNameMap(theMediaTypesByName, theMediaTypesByNumber) {}
 
 const HedMediaTypeMap& HedMediaTypeMap::instance() {
     // Never destroyed: a call may come while the process ends.

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <stdexcept>
 #include <string_view>
 
 #include "CpsString.h"
@@ -16,6 +17,27 @@ struct HedNameRow {
     std::string_view name;
     std::int32_t number;
 };
+
+// A table is written in an order for the reader. These sort it for the search; a name or a number
+// that stands twice is a fault of the build.
+
+template <std::size_t theSize>
+consteval std::array<HedNameRow, theSize> sortedByName(std::array<HedNameRow, theSize> theRows) {
+    std::ranges::sort(theRows, {}, &HedNameRow::name);
+    if (std::ranges::adjacent_find(theRows, {}, &HedNameRow::name) != theRows.end()) {
+        throw std::logic_error("a name stands twice");
+    }
+    return theRows;
+}
+
+template <std::size_t theSize>
+consteval std::array<HedNameRow, theSize> sortedByNumber(std::array<HedNameRow, theSize> theRows) {
+    std::ranges::sort(theRows, {}, &HedNameRow::number);
+    if (std::ranges::adjacent_find(theRows, {}, &HedNameRow::number) != theRows.end()) {
+        throw std::logic_error("a number stands twice");
+    }
+    return theRows;
+}
 
 // The tables are made by the compiler and only read: any number of threads may ask at once.
 class HedNameMap {
@@ -36,46 +58,12 @@ class HedNameMap {
     std::span<const HedNameRow> numbers() const { return numbersM; }
 
   protected:
-    // Both sorted as the operations above tell. The tables behind the spans outlive the map.
+    // Sorted by sortedByName and sortedByNumber; the tables behind the spans outlive the map.
     constexpr HedNameMap(std::span<const HedNameRow> theNames,
                          std::span<const HedNameRow> theNumbers)
         : namesM(theNames), numbersM(theNumbers) {}
     // Abstract: a table is one of the derived classes.
     virtual ~HedNameMap() = default;
-
-    // For the tables of the derived classes, which are written in an order for the reader.
-
-    template <std::size_t theSize>
-    static consteval std::array<HedNameRow, theSize> sortedByName(
-        std::array<HedNameRow, theSize> theRows) {
-        std::sort(theRows.begin(), theRows.end(),
-                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
-                      return theLeft.name < theRight.name;
-                  });
-        return theRows;
-    }
-    template <std::size_t theSize>
-    static consteval std::array<HedNameRow, theSize> sortedByNumber(
-        std::array<HedNameRow, theSize> theRows) {
-        std::sort(theRows.begin(), theRows.end(),
-                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
-                      return theLeft.number < theRight.number;
-                  });
-        return theRows;
-    }
-    // Whether no name and no number stands twice in tables sorted as above.
-    static consteval bool haveUniqueNames(std::span<const HedNameRow> theRows) {
-        return std::adjacent_find(theRows.begin(), theRows.end(),
-                                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
-                                      return theLeft.name == theRight.name;
-                                  }) == theRows.end();
-    }
-    static consteval bool haveUniqueNumbers(std::span<const HedNameRow> theRows) {
-        return std::adjacent_find(theRows.begin(), theRows.end(),
-                                  [](const HedNameRow& theLeft, const HedNameRow& theRight) {
-                                      return theLeft.number == theRight.number;
-                                  }) == theRows.end();
-    }
 
   private:
     const std::span<const HedNameRow> namesM;
