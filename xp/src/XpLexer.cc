@@ -15,7 +15,7 @@ namespace {
 constexpr std::uint64_t theExpansionLimit = 8u << 20;
 constexpr std::uint64_t theExpansionRatio = 100;
 
-constexpr unsigned theLastCodePoint = 1114111;
+constexpr unsigned theLastCodePoint = 0x10FFFF;
 // The input that is at its end at once.
 constexpr unsigned char theNothing[] = {0};
 
@@ -23,11 +23,12 @@ const unsigned char* beginOf(const CpsString& theText) {
     return reinterpret_cast<const unsigned char*>(theText.data());
 }
 
+// XML 1.0, [2].
 bool isXmlChar(unsigned theCodePoint) {
-    return theCodePoint == 9 || theCodePoint == 10 || theCodePoint == 13 ||
-           (theCodePoint >= 32 && theCodePoint <= 55295) ||
-           (theCodePoint >= 57344 && theCodePoint <= 65533) ||
-           (theCodePoint >= 65536 && theCodePoint <= theLastCodePoint);
+    return theCodePoint == 0x9 || theCodePoint == 0xA || theCodePoint == 0xD ||
+           (theCodePoint >= 0x20 && theCodePoint <= 0xD7FF) ||
+           (theCodePoint >= 0xE000 && theCodePoint <= 0xFFFD) ||
+           (theCodePoint >= 0x10000 && theCodePoint <= theLastCodePoint);
 }
 
 }  // namespace
