@@ -17,17 +17,6 @@ void sortByBytes(WmlActor::PrefixTable& theTable) {
               [](const auto& a, const auto& b) { return a.text < b.text; });
 }
 
-// The value if it stands in the tag and differs from the default, else null.
-const XpDtd::AttValue* findStated(const XpDtd::Attribute& theAttr,
-                                  const XpDtd::AttributeMap& theAttributes) {
-    const XpDtd::AttValue* value = theAttributes.find(&theAttr);
-    if (value == nullptr) {
-        return nullptr;
-    }
-    const XpDtd::AttValue* byDefault = theAttr.getDefault();
-    return byDefault != nullptr && *value == *byDefault ? nullptr : value;
-}
-
 // The start token for theValue; what it stands for is cut from theValue. Null without prefix.
 const WmlActor::Prefix* cutPrefix(std::string_view& theValue,
                                   const WmlActor::PrefixTable& thePrefixes) {

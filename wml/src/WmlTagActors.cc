@@ -1,5 +1,6 @@
 #include "WmlTagActors.h"
 
+#include <algorithm>
 #include <iterator>
 
 #include "WmlContentActors.h"
@@ -62,15 +63,11 @@ constexpr ElementRow theElements[] = {
     {"wta-wml", make<WtaWmlTagActor>},
 };
 
-constexpr bool haveTokens() {
-    for (const ElementRow& row : theElements) {
-        if (wmlTagToken(row.name) == 0) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(haveTokens());
+// Each element has its token, and each token its element: wmlTagToken throws for a name without,
+// which ends the build here.
+static_assert(std::ranges::all_of(theElements, [](const ElementRow& theRow) {
+    return wmlTagToken(theRow.name) != 0;
+}));
 static_assert(std::size(theElements) == theWmlTagTokens.size() + theWtaTagTokens.size());
 
 // No document type has all elements.

@@ -236,9 +236,10 @@ namespace wmltokens {
 
 template <typename Rows>
 constexpr bool areInTokenOrder(const Rows& theRows, unsigned theFirst, unsigned theLast) {
-    // "Not below" as the order, so that equal tokens count as unsorted.
-    return std::is_sorted(theRows.begin(), theRows.end(),
-                          [](const auto& a, const auto& b) { return a.token <= b.token; }) &&
+    // No token is below the one before, or the same.
+    return std::adjacent_find(theRows.begin(), theRows.end(),
+                              [](const auto& a, const auto& b) { return a.token >= b.token; }) ==
+               theRows.end() &&
            theRows.front().token >= theFirst && theRows.back().token <= theLast;
 }
 

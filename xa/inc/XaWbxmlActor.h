@@ -46,6 +46,9 @@ class XaWbxmlActor : public XpDtd::ElementActor {
     static void tokenizeString(std::string_view theText, const TokenList& theTokens,
                                XaWbxmlCtrl& theCtrl);
 
+    // The value of theAttr if it is in theAttributes and differs from its default, else null.
+    static const XpDtd::AttValue* findStated(const XpDtd::Attribute& theAttr,
+                                             const XpDtd::AttributeMap& theAttributes);
     // The length of thePrefix if theText begins with it, byte for byte, else 0.
     static std::uint32_t beginsWith(std::string_view theText, std::string_view thePrefix);
 };

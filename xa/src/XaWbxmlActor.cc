@@ -6,20 +6,6 @@
 
 namespace lumnis {
 
-namespace {
-
-// The value of theAttr if it is in theAttributes and not at its default, else null.
-const XpDtd::AttValue* statedValue(const XpDtd::Attribute* theAttr,
-                                   const XpDtd::AttributeMap& theAttributes) {
-    const XpDtd::AttValue* value = theAttributes.find(theAttr);
-    if (value != nullptr && theAttr->getDefault() != nullptr && *value == *theAttr->getDefault()) {
-        return nullptr;
-    }
-    return value;
-}
-
-}  // namespace
-
 void XaWbxmlActor::begin(const XpDtd::Element* theElement, const XpDtd::AttributeMap& theAttributes,
                          int theContentKind, void* theContext) {
     XaWbxmlCtrl& ctrl = XaWbxmlCtrl::contextOf(theContext);
@@ -53,9 +39,19 @@ void XaWbxmlActor::end(const XpDtd::Element*, void* theContext) {
     }
 }
 
+const XpDtd::AttValue* XaWbxmlActor::findStated(const XpDtd::Attribute& theAttr,
+                                                const XpDtd::AttributeMap& theAttributes) {
+    const XpDtd::AttValue* value = theAttributes.find(&theAttr);
+    if (value == nullptr) {
+        return nullptr;
+    }
+    const XpDtd::AttValue* byDefault = theAttr.getDefault();
+    return byDefault != nullptr && *value == *byDefault ? nullptr : value;
+}
+
 bool XaWbxmlActor::tokenizeNmToken(unsigned char theToken, const XpDtd::Attribute* theAttr,
                                    const XpDtd::AttributeMap& theAttributes, XaWbxmlCtrl& theCtrl) {
-    const XpDtd::AttValue* value = statedValue(theAttr, theAttributes);
+    const XpDtd::AttValue* value = findStated(*theAttr, theAttributes);
     if (value == nullptr) {
         return false;
     }
@@ -71,7 +67,7 @@ bool XaWbxmlActor::tokenizeNmToken(unsigned char theToken, const XpDtd::Attribut
 
 bool XaWbxmlActor::tokenizeEnum(const EnumTokenMap& theTokens, const XpDtd::Attribute* theAttr,
                                 const XpDtd::AttributeMap& theAttributes, XaWbxmlCtrl& theCtrl) {
-    const XpDtd::AttValue* value = statedValue(theAttr, theAttributes);
+    const XpDtd::AttValue* value = findStated(*theAttr, theAttributes);
     if (value == nullptr) {
         return false;
     }
