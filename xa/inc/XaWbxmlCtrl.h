@@ -17,7 +17,7 @@
 #include "CcCharsetConverter.h"
 #include "CpsString.h"
 #include "HedCharsetId.h"
-#include "XaBytes.h"
+#include "XaByteBuffer.h"
 #include "XaWbxmlToken.h"
 #include "XpDtd.h"
 
@@ -100,7 +100,7 @@ class XaWbxmlCtrl {
     void switchPage(unsigned& theCurrent, unsigned thePage);
 
     CpsString prologM;
-    XaBytes bodyM;                           // without its strings
+    XaByteBuffer bodyM;                      // without its strings
     std::vector<OutputStringBlock> blocksM;  // the slots, in document order
     std::size_t slotM = 0;                   // where the last of them is
     std::unique_ptr<StringTable> stringTableM;

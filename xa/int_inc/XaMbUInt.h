@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "XaBytes.h"
+#include "XaByteBuffer.h"
 
 namespace lumnis {
 
@@ -25,7 +25,7 @@ class XaMbUInt {
         return static_cast<std::size_t>(std::bit_width(theValue | 1) + 6) / 7;
     }
     constexpr std::size_t length() const { return theMaxLength - beginM; }
-    void appendTo(XaBytes& theOutput) const {
+    void appendTo(XaByteBuffer& theOutput) const {
         for (const char byte : view()) {
             theOutput.append(static_cast<unsigned char>(byte));
         }

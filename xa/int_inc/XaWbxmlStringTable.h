@@ -35,7 +35,7 @@ class XaWbxmlCtrl::StringTable {
     std::uint32_t addString(Number theNumber);
     // Writes the string to theOutput: inline, or as a reference to the table, into which it may
     // come by that. The counts of all strings must be complete. True for a reference.
-    bool conditionalAddString(Number theNumber, XaBytes& theOutput);
+    bool conditionalAddString(Number theNumber, XaByteBuffer& theOutput);
 
     // As they go into the document.
     const std::string& getStringTableContent() const { return contentM; }

@@ -107,7 +107,7 @@ void XaWbxmlCtrl::switchPage(unsigned& theCurrent, unsigned thePage) {
 CpsString XaWbxmlCtrl::makeOutput() {
     const FwTraceScope scope("XaWbxmlCtrl::makeOutput");
     const std::string_view tokens = bodyM.view();
-    XaBytes body;
+    XaByteBuffer body;
     body.reserve(2 * bodyM.size());
     std::size_t position = 0;
     for (const OutputStringBlock& block : blocksM) {

@@ -42,7 +42,7 @@ std::uint32_t XaWbxmlCtrl::StringTable::addString(Number theNumber) {
     return static_cast<std::uint32_t>(usage.offset);
 }
 
-bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, XaBytes& theOutput) {
+bool XaWbxmlCtrl::StringTable::conditionalAddString(Number theNumber, XaByteBuffer& theOutput) {
     const Usage& usage = stringsM[theNumber];
     const bool isNew = usage.offset == theNoOffset;
     const auto offset = static_cast<std::uint32_t>(isNew ? contentM.size()

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "XpBytes.h"
+#include "XpByteClass.h"
 #include "XpFsm.h"
 #include "XpGrammar.h"
 #include "XpLexer.h"
@@ -70,8 +70,8 @@ class TokenReader {
     static bool isPlainToken(std::string_view theText, XpLexer::Condition theCondition) {
         return !theText.empty() &&
                (theCondition != XpLexer::ATTNAME ||
-                XpBytes::isNameStart(static_cast<unsigned char>(theText[0]))) &&
-               std::all_of(theText.begin(), theText.end(), XpBytes::isName);
+                XpByteClass::isNameStart(static_cast<unsigned char>(theText[0]))) &&
+               std::all_of(theText.begin(), theText.end(), XpByteClass::isName);
     }
     [[noreturn]] void fail() {
         lexerM.fail(CpsString("error parsing ") + typeM + " attribute value");

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "CpsBytes.h"
-#include "XpBytes.h"
+#include "XpByteClass.h"
 #include "XpLexer.h"
 #include "XpParserBase.h"
 
@@ -21,7 +21,7 @@ std::string_view between(const unsigned char* theBegin, const unsigned char* the
 }
 
 const unsigned char* skipName(const unsigned char* theAt) {
-    while (XpBytes::isName(*theAt)) {
+    while (XpByteClass::isName(*theAt)) {
         ++theAt;
     }
     return theAt;
@@ -40,7 +40,7 @@ std::optional<Reference> readReference(const unsigned char* theAt) {
     const bool isHex = theAt[2] == 'x';
     const unsigned char* const digits = theAt + (isHex ? 3 : 2);
     const unsigned char* end = digits;
-    while (XpBytes::isDigit(*end) || (isHex && XpBytes::isHexDigit(*end))) {
+    while (XpByteClass::isDigit(*end) || (isHex && XpByteClass::isHexDigit(*end))) {
         ++end;
     }
     if (end == digits || *end != ';') {
@@ -51,7 +51,7 @@ std::optional<Reference> readReference(const unsigned char* theAt) {
 }
 
 const unsigned char* skipSpace(const unsigned char* theAt, unsigned& theLineFeeds) {
-    while (XpBytes::isSpace(*theAt)) {
+    while (XpByteClass::isSpace(*theAt)) {
         theLineFeeds += *theAt == '\n';
         ++theAt;
     }
@@ -103,7 +103,7 @@ bool XpPlainContent::readInTag(XpParserBase& theParser, State*& theTop) const {
         theTop = leave(theTop);
         return true;
     }
-    if (at == begin || !XpBytes::isNameStart(*at)) {
+    if (at == begin || !XpByteClass::isNameStart(*at)) {
         return false;
     }
     const unsigned char* const name = at;
@@ -114,7 +114,7 @@ bool XpPlainContent::readInTag(XpParserBase& theParser, State*& theTop) const {
     const unsigned char* const nameEnd = at;
     const unsigned char quote = at[1];
     const unsigned char* const value = at + 2;
-    for (at = value; !XpBytes::isValueEnd(*at); ++at) {
+    for (at = value; !XpByteClass::isValueEnd(*at); ++at) {
     }
     const bool isPlain = *at == quote;
     for (; *at != quote; ++at) {
@@ -139,7 +139,7 @@ bool XpPlainContent::readInContent(XpParserBase& theParser, State*& theTop) cons
     text.end = skipSpace(begin, text.lineFeeds);
     while (*text.end != '<') {
         text.isSpace = false;
-        for (; !XpBytes::isTextEnd(*text.end); ++text.end) {
+        for (; !XpByteClass::isTextEnd(*text.end); ++text.end) {
             text.lineFeeds += *text.end == '\n';
         }
         if (*text.end != '<') {
@@ -231,7 +231,7 @@ bool XpPlainContent::readEndTag(XpParserBase& theParser, State*& theTop,
 bool XpPlainContent::readStartTag(XpParserBase& theParser, State*& theTop,
                                   const XpPlainText& theText) const {
     const unsigned char* const name = theText.end + 1;
-    if (!XpBytes::isNameStart(*name)) {
+    if (!XpByteClass::isNameStart(*name)) {
         return false;
     }
     const unsigned char* const nameEnd = skipName(name + 1);

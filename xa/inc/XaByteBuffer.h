@@ -12,9 +12,9 @@
 
 namespace lumnis {
 
-class XaBytes {
+class XaByteBuffer {
   public:
-    XaBytes() = default;
+    XaByteBuffer() = default;
 
     void append(unsigned char theByte) {
         if (sizeM == capacityM) {

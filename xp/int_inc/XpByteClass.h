@@ -7,7 +7,7 @@
 
 namespace lumnis {
 
-class XpBytes {
+class XpByteClass {
   public:
     static bool isSpace(unsigned char theByte) { return is(theByte, SPACE); }
     static bool isNameStart(unsigned char theByte) { return is(theByte, NAME_START); }
@@ -54,6 +54,6 @@ class XpBytes {
     static const Classes theClasses;
 };
 
-inline constexpr XpBytes::Classes XpBytes::theClasses = XpBytes::makeClasses();
+inline constexpr XpByteClass::Classes XpByteClass::theClasses = XpByteClass::makeClasses();
 
 }  // namespace lumnis
