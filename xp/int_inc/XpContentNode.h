@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 
 #include "XpDtd.h"
@@ -90,6 +91,9 @@ class XpDtd::FsmNode final : public XpDtd::ContentNode {
 
     bool add(const Transition& theTransition);
     bool insert(const Transition& theTransition);
+    // Where theTransition belongs in the last run, nothing if it is there already. Throws as
+    // addTransition.
+    std::optional<std::size_t> findPlace(const Transition& theTransition) const;
     void reallocate(std::size_t theCapacity);
     void mergeLastRuns();
     void sort();

@@ -14,7 +14,12 @@ union XpTokenValue {
     CpsString* string;  // of the scanner's pool
     std::size_t codePoint;
     std::size_t flag;      // 0 or 1
-    std::size_t modifier;  // of a content model: bit 0 optional, bit 1 repeated
+    std::size_t modifier;  // of a content model: bits of XpModifier
+};
+
+struct XpModifier {
+    static constexpr std::size_t OPTIONAL = 1;
+    static constexpr std::size_t REPEATED = 2;
 };
 
 }  // namespace lumnis

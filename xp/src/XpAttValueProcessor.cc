@@ -12,6 +12,8 @@ namespace lumnis {
 
 namespace {
 
+using Environment = XpDtd::AttValueProcessor::Environment;
+
 // Reads the tokens of one value, the whole of which mostly is one: such a value passes the scanner.
 class TokenReader {
   public:
@@ -97,16 +99,16 @@ const XpDtd::Id& defineId(std::string_view theText, XpLexer& theLexer) {
     return id;
 }
 
-const XpDtd::Entity* unparsedEntity(std::string_view theName, XpLexer& theLexer,
-                                    const XpDtd& theActiveDtd, XpDtd* theBuildingDtd) {
-    const XpDtd::Entity& entity = theBuildingDtd != nullptr ? theBuildingDtd->obtainEntity(theName)
-                                                            : theActiveDtd.obtainEntity(theName);
+const XpDtd::Entity* unparsedEntity(std::string_view theName, const Environment& theEnvironment) {
+    const bool isImplying = theEnvironment.buildingDtd != nullptr;
+    const XpDtd::Entity& entity = isImplying ? theEnvironment.buildingDtd->obtainEntity(theName)
+                                             : theEnvironment.activeDtd.obtainEntity(theName);
     const XpDtd::ItemValue* value = entity.getValue();
-    const bool isImplied = value == nullptr && theBuildingDtd != nullptr;
+    const bool isImplied = isImplying && value == nullptr;
     const bool isUnparsed = value != nullptr && value->isExternal() &&
                             static_cast<const XpDtd::ExternalId*>(value)->getNotation() != nullptr;
     if (!isImplied && !isUnparsed) {
-        theLexer.fail(CpsString("entity ", theName) + " is not NDATA");
+        theEnvironment.lexer.fail(CpsString("entity ", theName) + " is not NDATA");
     }
     return &entity;
 }
@@ -120,30 +122,31 @@ bool XpDtd::AttValueProcessor::checkDefault(const AttValue*, Attribute::DefaultK
 }
 
 void XpDtd::AttValueProcessor::add(AttributeMap& theAttributes, const Attribute& theAttribute,
-                                   std::string_view theText, XpLexer& theLexer,
-                                   const XpDtd& theActiveDtd, XpDtd* theBuildingDtd) const {
-    theAttributes.add(theAttribute, process(theText, theLexer, theActiveDtd, theBuildingDtd));
+                                   std::string_view theText,
+                                   const Environment& theEnvironment) const {
+    theAttributes.add(theAttribute, process(theText, theEnvironment));
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(std::string_view theText, XpLexer&,
-                                                                 const XpDtd&, XpDtd*) const {
+std::unique_ptr<const XpDtd::AttValue> XpCDataProcessor::process(std::string_view theText,
+                                                                 const Environment&) const {
     return std::make_unique<XpDtd::AttValueCData>(theText);
 }
 
 void XpCDataProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
-                           std::string_view theText, XpLexer&, const XpDtd&, XpDtd*) const {
+                           std::string_view theText, const Environment&) const {
     theAttributes.addCData(theAttribute, theText);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(std::string_view theText,
-                                                              XpLexer& theLexer, const XpDtd&,
-                                                              XpDtd*) const {
-    return std::make_unique<XpDtd::AttValueId>(&defineId(theText, theLexer), theLexer.shareIds());
+std::unique_ptr<const XpDtd::AttValue> XpIdProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    return std::make_unique<XpDtd::AttValueId>(&defineId(theText, theEnvironment.lexer),
+                                               theEnvironment.lexer.shareIds());
 }
 
 void XpIdProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
-                        std::string_view theText, XpLexer& theLexer, const XpDtd&, XpDtd*) const {
-    theAttributes.addId(theAttribute, defineId(theText, theLexer), theLexer.shareIds());
+                        std::string_view theText, const Environment& theEnvironment) const {
+    theAttributes.addId(theAttribute, defineId(theText, theEnvironment.lexer),
+                        theEnvironment.lexer.shareIds());
 }
 
 bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,
@@ -152,67 +155,58 @@ bool XpIdProcessor::checkDefault(const XpDtd::AttValue* theValue,
            (theKind == XpDtd::Attribute::IMPLIED || theKind == XpDtd::Attribute::REQUIRED);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(std::string_view theText,
-                                                                 XpLexer& theLexer, const XpDtd&,
-                                                                 XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREF");
-    const XpDtd::Id& id = theLexer.getIds().obtain(reader.first());
+std::unique_ptr<const XpDtd::AttValue> XpIdRefProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNAME, "IDREF");
+    const XpDtd::Id& id = theEnvironment.lexer.getIds().obtain(reader.first());
     reader.finish();
-    return std::make_unique<XpDtd::AttValueIdRef>(&id, theLexer.shareIds());
+    return std::make_unique<XpDtd::AttValueIdRef>(&id, theEnvironment.lexer.shareIds());
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(std::string_view theText,
-                                                                  XpLexer& theLexer, const XpDtd&,
-                                                                  XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "IDREFS");
+std::unique_ptr<const XpDtd::AttValue> XpIdRefsProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNAME, "IDREFS");
     XpDtd::AttValueIdRefs::Ids ids;
     while (reader.next()) {
-        ids.push_back(&theLexer.getIds().obtain(reader.token()));
+        ids.push_back(&theEnvironment.lexer.getIds().obtain(reader.token()));
     }
-    return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids), theLexer.shareIds());
+    return std::make_unique<XpDtd::AttValueIdRefs>(std::move(ids), theEnvironment.lexer.shareIds());
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(std::string_view theText,
-                                                                  XpLexer& theLexer,
-                                                                  const XpDtd& theActiveDtd,
-                                                                  XpDtd* theBuildingDtd) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ENTITY");
-    const XpDtd::Entity* entity =
-        unparsedEntity(reader.first(), theLexer, theActiveDtd, theBuildingDtd);
+std::unique_ptr<const XpDtd::AttValue> XpEntityProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNAME, "ENTITY");
+    const XpDtd::Entity* entity = unparsedEntity(reader.first(), theEnvironment);
     reader.finish();
     return std::make_unique<XpDtd::AttValueEntity>(entity);
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(std::string_view theText,
-                                                                    XpLexer& theLexer,
-                                                                    const XpDtd& theActiveDtd,
-                                                                    XpDtd* theBuildingDtd) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "ENTITIES");
+std::unique_ptr<const XpDtd::AttValue> XpEntitiesProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNAME, "ENTITIES");
     XpDtd::AttValueEntities::Entities entities;
     while (reader.next()) {
-        entities.push_back(unparsedEntity(reader.token(), theLexer, theActiveDtd, theBuildingDtd));
+        entities.push_back(unparsedEntity(reader.token(), theEnvironment));
     }
     return std::make_unique<XpDtd::AttValueEntities>(std::move(entities));
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(std::string_view theText,
-                                                                   XpLexer& theLexer, const XpDtd&,
-                                                                   XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
+std::unique_ptr<const XpDtd::AttValue> XpNmTokenProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
     return std::make_unique<XpDtd::AttValueNmToken>(reader.only());
 }
 
 void XpNmTokenProcessor::add(XpDtd::AttributeMap& theAttributes,
                              const XpDtd::Attribute& theAttribute, std::string_view theText,
-                             XpLexer& theLexer, const XpDtd&, XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
+                             const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNMTOKEN, "NMTOKEN");
     theAttributes.addNmToken(theAttribute, reader.only());
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(std::string_view theText,
-                                                                    XpLexer& theLexer, const XpDtd&,
-                                                                    XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
+std::unique_ptr<const XpDtd::AttValue> XpNmTokensProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNMTOKEN, "NMTOKENS");
     CpsString tokens;
     while (reader.next()) {
         if (!tokens.empty()) {
@@ -228,14 +222,12 @@ XpNotationProcessor::XpNotationProcessor(std::unique_ptr<XpDtd::Choice> theChoic
 
 XpNotationProcessor::~XpNotationProcessor() = default;
 
-std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(std::string_view theText,
-                                                                    XpLexer& theLexer,
-                                                                    const XpDtd& theActiveDtd,
-                                                                    XpDtd*) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNAME, "NOTATION");
-    const XpDtd::Notation& notation = theActiveDtd.obtainNotation(reader.first());
+std::unique_ptr<const XpDtd::AttValue> XpNotationProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNAME, "NOTATION");
+    const XpDtd::Notation& notation = theEnvironment.activeDtd.obtainNotation(reader.first());
     if (choiceM->getFirst()->next(&notation) == nullptr) {
-        theLexer.fail("Unexpected notation in NOTATION attribute value");
+        theEnvironment.lexer.fail("Unexpected notation in NOTATION attribute value");
     }
     reader.finish();
     return std::make_unique<XpDtd::AttValueNotation>(&notation);
@@ -246,28 +238,25 @@ XpEnumProcessor::XpEnumProcessor(std::unique_ptr<XpDtd::Choice> theChoice)
 
 XpEnumProcessor::~XpEnumProcessor() = default;
 
-const XpDtd::Enum& XpEnumProcessor::read(std::string_view theText, XpLexer& theLexer,
-                                         const XpDtd& theActiveDtd) const {
-    TokenReader reader(theLexer, theText, XpLexer::ATTNMTOKEN, "enumerated");
-    const XpDtd::Enum& token = theActiveDtd.obtainEnum(reader.first());
+const XpDtd::Enum& XpEnumProcessor::read(std::string_view theText,
+                                         const Environment& theEnvironment) const {
+    TokenReader reader(theEnvironment.lexer, theText, XpLexer::ATTNMTOKEN, "enumerated");
+    const XpDtd::Enum& token = theEnvironment.activeDtd.obtainEnum(reader.first());
     if (choiceM->getFirst()->next(&token) == nullptr) {
-        theLexer.fail("Unexpected token in enumerated attribute value");
+        theEnvironment.lexer.fail("Unexpected token in enumerated attribute value");
     }
     reader.finish();
     return token;
 }
 
-std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(std::string_view theText,
-                                                                XpLexer& theLexer,
-                                                                const XpDtd& theActiveDtd,
-                                                                XpDtd*) const {
-    return std::make_unique<XpDtd::AttValueEnum>(&read(theText, theLexer, theActiveDtd));
+std::unique_ptr<const XpDtd::AttValue> XpEnumProcessor::process(
+    std::string_view theText, const Environment& theEnvironment) const {
+    return std::make_unique<XpDtd::AttValueEnum>(&read(theText, theEnvironment));
 }
 
 void XpEnumProcessor::add(XpDtd::AttributeMap& theAttributes, const XpDtd::Attribute& theAttribute,
-                          std::string_view theText, XpLexer& theLexer, const XpDtd& theActiveDtd,
-                          XpDtd*) const {
-    theAttributes.addEnum(theAttribute, read(theText, theLexer, theActiveDtd));
+                          std::string_view theText, const Environment& theEnvironment) const {
+    theAttributes.addEnum(theAttribute, read(theText, theEnvironment));
 }
 
 }  // namespace lumnis

@@ -143,8 +143,8 @@ void XpParserBase::addPlainAttribute(std::string_view theName, std::string_view 
 }
 
 void XpParserBase::addValue(const XpDtd::Attribute& theAttribute, std::string_view theText) {
-    theAttribute.getProcessor().add(attributesM, theAttribute, theText, *lexerM, *activeDtdM,
-                                    buildingDtdM);
+    theAttribute.getProcessor().add(attributesM, theAttribute, theText,
+                                    {*lexerM, *activeDtdM, buildingDtdM});
 }
 
 void XpParserBase::endStartTag() {

@@ -29,6 +29,15 @@ struct XpDtd::FsmNode::Block {
     std::unique_ptr<Runs> runs;  // where they begin, but for the first; null while there is one
     std::uint32_t capacity;
 
+    // Where the last run begins, and where the one in front of it does, if there are two.
+    std::size_t lastRun() const { return runs == nullptr ? 0 : runs->back(); }
+    std::size_t runBefore() const { return runs->size() == 1 ? 0 : runs->end()[-2]; }
+    void beginRun(std::size_t theBegin) {
+        if (runs == nullptr) {
+            runs = std::make_unique<Runs>();
+        }
+        runs->push_back(static_cast<std::uint32_t>(theBegin));
+    }
     // The transitions lie behind the block.
     Transition* data() { return reinterpret_cast<Transition*>(this + 1); }
     static Block* make(std::size_t theCapacity) {
@@ -43,7 +52,7 @@ struct XpDtd::FsmNode::Block {
 
 namespace {
 
-// A run of up to that many transitions is sorted by insertion.
+// The last run is sorted by insertion while it has fewer transitions.
 constexpr std::size_t theInsertLimit = 256;
 
 using Transition = XpDtd::FsmNode::Transition;
@@ -153,29 +162,38 @@ inline bool XpDtd::FsmNode::add(const Transition& theTransition) {
     return insert(theTransition);
 }
 
-bool XpDtd::FsmNode::insert(const Transition& theTransition) {
+std::optional<std::size_t> XpDtd::FsmNode::findPlace(const Transition& theTransition) const {
     const std::uint64_t creation = theTransition.item->getCreation();
-    Transition* const first = data();
-    std::size_t end = rowM.size;
-    const Block::Runs* runs = end > 1 ? rowM.block->runs.get() : nullptr;
-    const bool isLast = end == 0 || isMadeBefore(first[end - 1], creation);
-    std::size_t place = end;  // in the last run
-    if (!isLast || runs != nullptr) {
-        for (std::size_t run = runs == nullptr ? 1 : runs->size() + 1; run-- != 0;) {
-            const std::size_t begin = run == 0 ? 0 : (*runs)[run - 1];
-            const Transition* found =
-                std::lower_bound(first + begin, first + end, creation, isMadeBefore);
-            if (found != first + end && found->item == theTransition.item) {
-                if (found->target != theTransition.target) {
-                    throw NondeterministicException(*theTransition.item);
-                }
-                return false;
+    const Transition* const first = data();
+    const std::size_t size = rowM.size;
+    const Block::Runs* const runs = size > 1 ? rowM.block->runs.get() : nullptr;
+    if (runs == nullptr && (size == 0 || isMadeBefore(first[size - 1], creation))) {
+        return size;
+    }
+    std::size_t place = size;
+    std::size_t end = size;
+    for (std::size_t run = runs == nullptr ? 1 : runs->size() + 1; run-- != 0;) {
+        const std::size_t begin = run == 0 ? 0 : (*runs)[run - 1];
+        const Transition* const found =
+            std::lower_bound(first + begin, first + end, creation, isMadeBefore);
+        if (found != first + end && found->item == theTransition.item) {
+            if (found->target != theTransition.target) {
+                throw NondeterministicException(*theTransition.item);
             }
-            if (end == rowM.size) {
-                place = static_cast<std::size_t>(found - first);
-            }
-            end = begin;
+            return std::nullopt;
         }
+        if (end == size) {
+            place = static_cast<std::size_t>(found - first);
+        }
+        end = begin;
+    }
+    return place;
+}
+
+bool XpDtd::FsmNode::insert(const Transition& theTransition) {
+    const std::optional<std::size_t> place = findPlace(theTransition);
+    if (!place) {
+        return false;
     }
     const std::size_t size = rowM.size;
     if (size == 0) {
@@ -187,21 +205,17 @@ bool XpDtd::FsmNode::insert(const Transition& theTransition) {
         reallocate(2 * size);
     }
     Block& block = *rowM.block;
+    Transition* const first = block.data();
     ++rowM.size;
-    const std::size_t lastRun = block.runs == nullptr ? 0 : block.runs->back();
-    if (isLast || size - lastRun < theInsertLimit) {
-        std::copy_backward(block.data() + place, block.data() + size, block.data() + size + 1);
-        block.data()[place] = theTransition;
+    if (*place == size || size - block.lastRun() < theInsertLimit) {
+        std::copy_backward(first + *place, first + size, first + size + 1);
+        first[*place] = theTransition;
     } else {
-        block.data()[size] = theTransition;
-        if (block.runs == nullptr) {
-            block.runs = std::make_unique<Block::Runs>();
-        }
-        block.runs->push_back(static_cast<std::uint32_t>(size));
+        first[size] = theTransition;
+        block.beginRun(size);
     }
     while (block.runs != nullptr &&
-           block.runs->back() - (block.runs->size() == 1 ? 0 : block.runs->end()[-2]) <=
-               2 * (rowM.size - block.runs->back())) {
+           block.lastRun() - block.runBefore() <= 2 * (rowM.size - block.lastRun())) {
         mergeLastRuns();
     }
     return true;
@@ -209,9 +223,9 @@ bool XpDtd::FsmNode::insert(const Transition& theTransition) {
 
 void XpDtd::FsmNode::mergeLastRuns() {
     Block& block = *rowM.block;
-    const std::size_t first = block.runs->size() == 1 ? 0 : block.runs->end()[-2];
-    std::inplace_merge(block.data() + first, block.data() + block.runs->back(),
-                       block.data() + rowM.size, isMadeBeforeOther);
+    Transition* const first = block.data();
+    std::inplace_merge(first + block.runBefore(), first + block.lastRun(), first + rowM.size,
+                       isMadeBeforeOther);
     block.runs->pop_back();
     if (block.runs->empty()) {
         block.runs = nullptr;

@@ -10,20 +10,18 @@
 #include "XpFsm.h"
 #include "XpLexer.h"
 #include "XpParserBase.h"
+#include "XpTokenValue.h"
 
 namespace lumnis {
 
 namespace {
 
-constexpr std::size_t theOptionalBit = 1;
-constexpr std::size_t theRepeatedBit = 2;
-
 bool isOptional(std::size_t theModifier) {
-    return (theModifier & theOptionalBit) != 0;
+    return (theModifier & XpModifier::OPTIONAL) != 0;
 }
 
 bool isRepeated(std::size_t theModifier) {
-    return (theModifier & theRepeatedBit) != 0;
+    return (theModifier & XpModifier::REPEATED) != 0;
 }
 
 template <typename T>
@@ -177,8 +175,8 @@ void XpParserBase::defineAttribute(const CpsString& theName) {
     }
     std::unique_ptr<const XpDtd::AttValue> value;
     if (attDefaultTextM) {
-        value = attProcessorM->process(*attDefaultTextM, *lexerM, *buildingDtdM,
-                                       isIncomplete ? buildingDtdM : nullptr);
+        value = attProcessorM->process(
+            *attDefaultTextM, {*lexerM, *buildingDtdM, isIncomplete ? buildingDtdM : nullptr});
         attDefaultTextM.reset();
     }
     if (!attProcessorM->checkDefault(value.get(), attDefaultKindM)) {

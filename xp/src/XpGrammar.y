@@ -307,9 +307,9 @@ cp:
 
 optQueryStarPlus:
     %empty { $$ = 0; }
-  | QUERY { $$ = 1; }
-  | STAR { $$ = 3; }
-  | PLUS { $$ = 2; }
+  | QUERY { $$ = lumnis::XpModifier::OPTIONAL; }
+  | STAR { $$ = lumnis::XpModifier::OPTIONAL | lumnis::XpModifier::REPEATED; }
+  | PLUS { $$ = lumnis::XpModifier::REPEATED; }
   ;
 
 singleCp:
