@@ -30,7 +30,7 @@ class CpsArray {
     CpsArray& operator=(const CpsArray&) = delete;
     ~CpsArray() { release(); }
 
-    // Appends; what it answers stays where it is until the array grows again. theArguments must not
+    // Appends; what it returns stays where it is until the array grows again. theArguments must not
     // lie in the array. Throws std::bad_alloc, and then nothing has changed; so do the other
     // growing operations.
     template <class... Arguments>
@@ -130,7 +130,7 @@ class CpsArray {
         reserve(capacityM + std::max<std::size_t>(capacityM / part, 16));
     }
 
-    Value* valuesM;  // localM or a block of the C library's
+    Value* valuesM;  // localM or a block of the C library
     std::size_t sizeM = 0;
     std::size_t capacityM = theLocalCount;
     alignas(Value) std::byte localM[theLocalCount * sizeof(Value)];

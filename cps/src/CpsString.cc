@@ -145,17 +145,18 @@ void CpsString::reallocate(std::size_t theLength, std::size_t theKept) {
     limitM = block + size;
 }
 
-// What is too long for a string is left to the append behind it.
 void CpsString::doubleFor(std::size_t theCount) {
-    constexpr std::size_t theMostAtOnce = 1u << 30;
-    const std::size_t wanted = length() + theCount + std::min<std::size_t>(length(), theMostAtOnce);
-    if (theCount <= theMaximumLength - length()) {
-        reserve(static_cast<std::uint32_t>(std::min<std::size_t>(wanted, theMaximumLength)));
+    constexpr std::size_t theMostAhead = 1u << 30;
+    if (theCount > theMaximumLength - length()) {
+        return;  // append will refuse it
     }
+    const std::size_t ahead = std::min<std::size_t>(length(), theMostAhead);
+    const std::size_t wanted = length() + theCount + ahead;
+    reserve(static_cast<std::uint32_t>(std::min(wanted, theMaximumLength)));
 }
 
 void CpsString::growBy(std::size_t theCount) {
-    // The terminator counts here, as it does not in the other two sizing rules.
+    // The terminator counts as well here; reserve and assign do not count it.
     reallocate(length() + theCount + 1, length());
 }
 

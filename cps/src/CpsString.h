@@ -139,7 +139,8 @@ class CpsString {
     }
 
   private:
-    // Swaps in a block of the next multiple of 256 above theLength, keeping theKept bytes.
+    // Takes a block of the next multiple of 256 above theLength in place of the buffer. The first
+    // theKept bytes move to it.
     void reallocate(std::size_t theLength, std::size_t theKept);
     void growBy(std::size_t theCount);
     void doubleFor(std::size_t theCount);

@@ -14,14 +14,14 @@ namespace lumnis {
 struct WmlDirector::DocumentType {
     unsigned char version;
     unsigned char versionWithSubset;
-    unsigned char publicId;  // 0: the identifier stands in the string table
-    const XpDtd* dtd;        // null: not a known type
+    unsigned char publicId;
+    const XpDtd* dtd;  // null: not a known type
 };
 
 void WmlDirector::init() {
     // Never destroyed: a call may come while the process ends.
-    static const WmlDirector& theInstance = *new WmlDirector;
-    static_cast<void>(theInstance);
+    static const WmlDirector& director = *new WmlDirector;
+    static_cast<void>(director);
 }
 
 WmlDirector::WmlDirector()
@@ -76,7 +76,7 @@ WmlTokenizer& WmlDirector::wtaWmlTokenizer() {
 
 WmlDirector::DocumentType WmlDirector::findDocumentType(std::string_view thePublicId) {
     if (thePublicId.empty()) {
-        return {1, 1, 1, nullptr};
+        return {1, 1, XaWbxmlPublicId::UNKNOWN, nullptr};
     }
     if (wml11IdM == thePublicId) {
         return {1, 1, 4, &obtainDtd(wml11DtdM, theWml11DtdText, &WmlDirector::setupWml11Actors)};
@@ -91,7 +91,7 @@ WmlDirector::DocumentType WmlDirector::findDocumentType(std::string_view thePubl
         return {3, 3, 12,
                 &obtainDtd(wtaWml12DtdM, theWtaWml12DtdText, &WmlDirector::setupWtaWml12Actors)};
     }
-    return {1, 1, 0, nullptr};
+    return {1, 1, XaWbxmlPublicId::IN_STRING_TABLE, nullptr};
 }
 
 std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutput& theProlog,
@@ -115,11 +115,11 @@ std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutp
     WmlTokenizer& tokenizer = isWta ? wtaWmlTokenizer() : wmlTokenizerM;
 
     const DocumentType type = findDocumentType(publicId);
-    const bool isOfType = type.dtd != nullptr && !hasSubset;
+    const bool isInTable = type.publicId == XaWbxmlPublicId::IN_STRING_TABLE;
     CpsString prolog;
     prolog += static_cast<char>(hasSubset ? type.versionWithSubset : type.version);
-    prolog += static_cast<char>(isOfType || type.publicId == 0 ? type.publicId : 1);
-    if (type.publicId == 0) {
+    prolog += static_cast<char>(hasSubset && !isInTable ? XaWbxmlPublicId::UNKNOWN : type.publicId);
+    if (isInTable) {
         prolog += ctrl->addStringToStringtable(publicId);
     }
 

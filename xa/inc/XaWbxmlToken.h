@@ -1,4 +1,5 @@
-// The global tokens of WBXML (WBXML 1.3, 7.1), as far as they are written here.
+// Global tokens of WBXML (WBXML 1.3, 7.1), as far as they are written here, and numbers that are no
+// document type's own.
 #pragma once
 
 namespace lumnis {
@@ -22,6 +23,12 @@ struct XaWbxmlToken {
     // Bits of the token of an element.
     static constexpr Type HAS_CONTENT = 0x40;
     static constexpr Type HAS_ATTRIBUTES = 0x80;
+};
+
+// Public identifiers that name no document type (WBXML 1.3, 7.2).
+struct XaWbxmlPublicId {
+    static constexpr unsigned char IN_STRING_TABLE = 0;  // and the offset of the identifier
+    static constexpr unsigned char UNKNOWN = 1;          // or none
 };
 
 }  // namespace lumnis

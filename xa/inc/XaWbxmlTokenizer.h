@@ -46,6 +46,13 @@ class XaWbxmlTokenizer : public XaWbxmlActor, public XaWbxmlCtrl::SimplePiActor 
   private:
     using TagTokens = std::map<CpsString, unsigned char>;
     using PagedTokenList = std::vector<TokenList>;
+    struct AttrStart {
+        const TextToken* token = nullptr;  // null: the name is literal
+        unsigned page = 0;
+    };
+
+    AttrStart findStart(const CpsString& theName, const CpsString& theValue,
+                        unsigned theCurrentPage) const;
 
     std::vector<TagTokens> tagTokensM;                // by code page
     std::map<CpsString, PagedTokenList> attrTokensM;  // value prefixes by code page

@@ -27,8 +27,6 @@ struct PublicIdRow {
 };
 
 constexpr std::string_view thePublicIdPrefix = "-//WAPFORUM//DTD ";
-constexpr unsigned char thePublicIdInTable = 0;
-constexpr unsigned char theUnknownPublicId = 1;
 constexpr unsigned char theLowestVersion = 1;
 
 constexpr auto thePublicIds = std::to_array<PublicIdRow>({
@@ -48,7 +46,8 @@ constexpr auto thePublicIds = std::to_array<PublicIdRow>({
 
 // Version byte and public identifier; thePublicId may be null.
 void addPublicId(const CpsString* thePublicId, CpsString& theProlog, XaWbxmlCtrl& theCtrl) {
-    unsigned char number = thePublicId == nullptr ? theUnknownPublicId : thePublicIdInTable;
+    unsigned char number =
+        thePublicId == nullptr ? XaWbxmlPublicId::UNKNOWN : XaWbxmlPublicId::IN_STRING_TABLE;
     unsigned char version = theLowestVersion;
     if (thePublicId != nullptr) {
         if (const auto length = XaWbxmlActor::beginsWith(*thePublicId, thePublicIdPrefix)) {
@@ -64,7 +63,7 @@ void addPublicId(const CpsString* thePublicId, CpsString& theProlog, XaWbxmlCtrl
     }
     theProlog += static_cast<char>(version);
     theProlog += static_cast<char>(number);
-    if (number == thePublicIdInTable) {
+    if (number == XaWbxmlPublicId::IN_STRING_TABLE) {
         theProlog += theCtrl.addStringToStringtable(*thePublicId);
     }
 }

@@ -98,42 +98,48 @@ void XaWbxmlTokenizer::tokenizeTag(const CpsString& theName, bool theHasAttribut
     }
 }
 
-void XaWbxmlTokenizer::tokenizeAttr(const CpsString& theName, const CpsString& theValue,
-                                    XaWbxmlCtrl& theCtrl) {
-    const unsigned currentPage = theCtrl.getAttrPage();
-    const TextToken* best = nullptr;
-    std::uint32_t bestLength = 0;
-    unsigned bestPage = currentPage;
+XaWbxmlTokenizer::AttrStart XaWbxmlTokenizer::findStart(const CpsString& theName,
+                                                        const CpsString& theValue,
+                                                        unsigned theCurrentPage) const {
+    AttrStart best;
     const auto pages = attrTokensM.find(theName);
-    if (pages != attrTokensM.end()) {
-        for (unsigned page = 0; page < pages->second.size(); ++page) {
-            // The first that matches is the longest of its page.
-            const TokenList& tokens = pages->second[page];
-            const auto token =
-                std::find_if(tokens.begin(), tokens.end(), [&theValue](const TextToken& theToken) {
-                    return theValue.view().starts_with(theToken.text);
-                });
-            if (token == tokens.end()) {
-                continue;
-            }
-            const std::uint32_t length = token->text.length();
-            if (best == nullptr || length > bestLength ||
-                (length == bestLength && page == currentPage)) {
-                best = &*token;
-                bestLength = length;
-                bestPage = page;
-            }
+    if (pages == attrTokensM.end()) {
+        return best;
+    }
+    for (unsigned page = 0; page < pages->second.size(); ++page) {
+        // The first that matches is the longest of its page.
+        const TokenList& tokens = pages->second[page];
+        const auto token =
+            std::find_if(tokens.begin(), tokens.end(), [&theValue](const TextToken& theToken) {
+                return theValue.view().starts_with(theToken.text);
+            });
+        if (token == tokens.end()) {
+            continue;
+        }
+        const std::uint32_t length = token->text.length();
+        const std::uint32_t bestLength = best.token == nullptr ? 0 : best.token->text.length();
+        if (best.token == nullptr || length > bestLength ||
+            (length == bestLength && page == theCurrentPage)) {
+            best = {&*token, page};
         }
     }
-    if (best != nullptr) {
-        theCtrl.switchAttrPage(bestPage);
-        theCtrl.addToOutput(best->token);
+    return best;
+}
+
+void XaWbxmlTokenizer::tokenizeAttr(const CpsString& theName, const CpsString& theValue,
+                                    XaWbxmlCtrl& theCtrl) {
+    const AttrStart start = findStart(theName, theValue, theCtrl.getAttrPage());
+    std::uint32_t written = 0;  // bytes of the value, by the prefix of the start token
+    if (start.token != nullptr) {
+        theCtrl.switchAttrPage(start.page);
+        theCtrl.addToOutput(start.token->token);
+        written = start.token->text.length();
     } else {
         theCtrl.addToOutput(XaWbxmlToken::LITERAL);
         theCtrl.addOffsetToOutput(theName);
     }
-    if (theValue.length() > bestLength) {
-        tokenizeAttrValue(CpsString(theValue, bestLength, theValue.length() - bestLength), theCtrl);
+    if (theValue.length() > written) {
+        tokenizeAttrValue(CpsString(theValue, written, theValue.length() - written), theCtrl);
     }
 }
 

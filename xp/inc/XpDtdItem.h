@@ -15,6 +15,8 @@ namespace lumnis {
 
 class XpDtd::Item {
   public:
+    class Beforehand;
+
     explicit Item(std::string_view theName);
     Item(const Item&) = delete;
     Item& operator=(const Item&) = delete;
@@ -27,7 +29,6 @@ class XpDtd::Item {
     // Grows with each item of the process: the order of sets and maps of items.
     std::uint64_t getCreation() const { return creationM; }
     static std::uint64_t nextCreation();
-    class Beforehand;
 
   protected:
     ~Item();

@@ -50,6 +50,7 @@ class XpParser : private XpParserBase {
 
   private:
     bool readExternalSubset(void* theContext);
+    void mergeInternalSubset(const XpDtd& theExternal);
     void makeRoot();
 
     std::unique_ptr<XpDtd::ContentNode> rootNodeM;

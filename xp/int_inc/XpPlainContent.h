@@ -7,6 +7,7 @@
 // What is not plain, and every fault, it leaves unread, and the generated parser goes on there.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 namespace lumnis {
@@ -43,19 +44,30 @@ class XpPlainContent {
     State* read(XpParserBase& theParser, State* theTop, const State* theEnd) const;
 
   private:
+    // Where states of an element lie on the stack, seen from its attributes.
+    static constexpr std::ptrdiff_t theContentOffset = -4;
+    static constexpr std::ptrdiff_t theFlushedOffset = -3;
+    static constexpr std::ptrdiff_t theOpenedOffset = 2;
+    static constexpr std::ptrdiff_t theSingleContentOffset = 4;
+
     bool readInTag(XpParserBase& theParser, State*& theTop) const;
+    // The attribute whose name begins at theName, behind theLineFeeds that are not taken yet.
+    static bool readAttribute(XpParserBase& theParser, const unsigned char* theName,
+                              unsigned theLineFeeds);
     bool readInContent(XpParserBase& theParser, State*& theTop) const;
     void takeReferences(XpParserBase& theParser, const XpPlainText& theText, bool isOpened) const;
     bool readEndTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
     bool readStartTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
     // True if the element whose attributes state is at theTag stands in the content of another.
     bool isInContent(const State* theTag) const {
-        return theTag[-4] == statesM.content && theTag[-3] == statesM.flushed;
+        return theTag[theContentOffset] == statesM.content &&
+               theTag[theFlushedOffset] == statesM.flushed;
     }
-    // The top behind an element.
+    // The top behind an element, which has become a part of its parent's content.
     State* leave(State* theTag) const {
-        theTag[-3] = statesM.singleContent;
-        return theTag - 3;
+        State* const top = theTag + theFlushedOffset;
+        *top = statesM.singleContent;
+        return top;
     }
 
     States statesM;

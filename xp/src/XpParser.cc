@@ -52,49 +52,50 @@ bool XpParser::readExternalSubset(void* theContext) {
     return !ownedDtdM->isIncomplete();
 }
 
+void XpParser::mergeInternalSubset(const XpDtd& theExternal) {
+    try {
+        internalSubsetM->mergeWith(theExternal, !internalSubsetM->isIncomplete());
+    } catch (const XpException& error) {
+        fail("merging with external subset: " + error.toString());
+    }
+}
+
 void XpParser::setDtd(const XpDtd* theDtd, void* theContext, XpDtd::ElementActor* theDefaultActor,
                       XpDtd::PcDataActor* thePcData, XpDtd::PcDataActor* theCdSection,
                       XpDtd::WhitespaceActor* theWhitespace, XpDtd::PiActor* thePi) {
     const FwTraceScope scope("XpParser::setDtd");
-    const XpDtd* external = theDtd;
+    const XpDtd* active = theDtd;
     XpDtd* building = nullptr;  // what has to be implied goes there
-    if (external == nullptr && externalIdM != nullptr) {
+    if (active == nullptr && externalIdM != nullptr) {
         const bool isComplete = readExternalSubset(theContext);
-        external = ownedDtdM.get();
+        active = ownedDtdM.get();
         building = isComplete ? nullptr : ownedDtdM.get();
     }
     if (internalSubsetM != nullptr) {
         const bool isComplete = !internalSubsetM->isIncomplete();
-        if (external != nullptr) {
-            try {
-                internalSubsetM->mergeWith(*external, isComplete);
-            } catch (const XpException& error) {
-                fail("merging with external subset: " + error.toString());
-            }
+        if (active != nullptr) {
+            mergeInternalSubset(*active);
         }
-        if (building != nullptr || !isComplete) {
-            building = internalSubsetM.get();
-        }
-        external = internalSubsetM.get();
+        active = internalSubsetM.get();
+        building = isComplete && building == nullptr ? nullptr : internalSubsetM.get();
     }
-    if (external == nullptr) {
+    if (active == nullptr) {
         ownedDtdM = std::make_unique<XpDtd>();
-        external = building = ownedDtdM.get();
+        active = building = ownedDtdM.get();
     }
     contextM = theContext;
+    activeDtdM = active;
     if (building != nullptr) {
-        activeDtdM = buildingDtdM = building;
+        buildingDtdM = building;
         defaultActorM = theDefaultActor;
-    } else {
-        activeDtdM = external;
-        building = internalSubsetM.get();
     }
-    if (building != nullptr) {
-        building->setElementActors(theDefaultActor);
-        building->setPcDataActor(thePcData);
-        building->setCdSectionActor(theCdSection);
-        building->setWhitespaceActor(theWhitespace);
-        building->setPiActor(thePi);
+    // A DTD of the parser's own has no actors yet.
+    if (XpDtd* const own = building != nullptr ? building : internalSubsetM.get()) {
+        own->setElementActors(theDefaultActor);
+        own->setPcDataActor(thePcData);
+        own->setCdSectionActor(theCdSection);
+        own->setWhitespaceActor(theWhitespace);
+        own->setPiActor(thePi);
     }
 }
 

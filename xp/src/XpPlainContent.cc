@@ -103,32 +103,36 @@ bool XpPlainContent::readInTag(XpParserBase& theParser, State*& theTop) const {
         theTop = leave(theTop);
         return true;
     }
-    if (at == begin || !XpByteClass::isNameStart(*at)) {
+    return at != begin && XpByteClass::isNameStart(*at) && readAttribute(theParser, at, lineFeeds);
+}
+
+bool XpPlainContent::readAttribute(XpParserBase& theParser, const unsigned char* theName,
+                                   unsigned theLineFeeds) {
+    const unsigned char* const nameEnd = skipName(theName);
+    if (*nameEnd != '=' || (nameEnd[1] != '"' && nameEnd[1] != '\'')) {
         return false;
     }
-    const unsigned char* const name = at;
-    at = skipName(at);
-    if (*at != '=' || (at[1] != '"' && at[1] != '\'')) {
-        return false;
+    const unsigned char quote = nameEnd[1];
+    const unsigned char* const value = nameEnd + 2;
+    const unsigned char* end = value;
+    while (!XpByteClass::isValueEnd(*end)) {
+        ++end;
     }
-    const unsigned char* const nameEnd = at;
-    const unsigned char quote = at[1];
-    const unsigned char* const value = at + 2;
-    for (at = value; !XpByteClass::isValueEnd(*at); ++at) {
-    }
-    const bool isPlain = *at == quote;
-    for (; *at != quote; ++at) {
-        if (*at == '\0') {
+    const bool isPlain = *end == quote;
+    for (; *end != quote; ++end) {
+        if (*end == '\0') {
             return false;  // the end, or a byte of the value: the scanner knows
         }
-        lineFeeds += *at == '\n';
+        theLineFeeds += *end == '\n';
     }
-    lexer.skipTo(at + 1, lineFeeds);
+    XpLexer& lexer = theParser.getLexer();
+    lexer.skipTo(end + 1, theLineFeeds);
+    const std::string_view name = between(theName, nameEnd);
+    const std::string_view literal = between(value, end);
     if (isPlain) {
-        theParser.addPlainAttribute(between(name, nameEnd), between(value, at));
+        theParser.addPlainAttribute(name, literal);
     } else {
-        theParser.addAttribute(*lexer.internString(between(name, nameEnd)),
-                               *lexer.internString(between(value, at)));
+        theParser.addAttribute(*lexer.internString(name), *lexer.internString(literal));
     }
     return true;
 }
@@ -196,7 +200,7 @@ bool XpPlainContent::readEndTag(XpParserBase& theParser, State*& theTop,
     const std::string_view name = theParser.getCurrentElement().getName();
     const std::string_view rest = between(theText.end + 2, lexer.getLimit());
     const bool isOpened = *theTop == statesM.opened;
-    State* const tag = theTop - (isOpened ? 2 : 4);
+    State* const tag = theTop - (isOpened ? theOpenedOffset : theSingleContentOffset);
     if (rest.size() <= name.size() || rest[name.size()] != '>' ||
         !CpsBytes::beginsWith(rest, name) || !isInContent(tag)) {
         return false;
