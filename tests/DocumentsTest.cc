@@ -172,7 +172,7 @@ class Page : public testing::TestWithParam<std::string> {
     void checkChange(const Block& theBlock) const {
         std::ofstream(folderM / "change", std::ios::binary) << joined(theBlock.lines);
         const Lines said = run("git -C \"$TREE\" apply --check - <../change && echo good");
-        EXPECT_EQ(joined(said), "good\n");
+        EXPECT_EQ(joined(said), "good\n") << "where the tree has moved on, renew the diff";
     }
 
     void checkCommands(const Block& theBlock) const {

@@ -1,5 +1,8 @@
 #include "WscFunctionLibraryTable.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "FwTraceScope.h"
 
 namespace lumnis {
@@ -127,6 +130,29 @@ constexpr Row theFunctions[] = {
     {"Crypto",         6, "signText",       16, 4},
 };
 // clang-format on
+
+// What the widest call has room for.
+constexpr bool isEncodable(const Row& theRow) {
+    return theRow.libraryId >= 0 && theRow.libraryId <= 0xFFFF && theRow.functionId >= 0 &&
+           theRow.functionId <= 0xFF;
+}
+// A library has one id, and in it a function one name, one id and one number of parameters.
+constexpr bool areDistinct(const Row& theLeft, const Row& theRight) {
+    return theLeft.libraryId == theRight.libraryId
+               ? theLeft.library == theRight.library && theLeft.function != theRight.function &&
+                     theLeft.functionId != theRight.functionId
+               : theLeft.library != theRight.library;
+}
+constexpr bool isTableConsistent() {
+    for (const Row* row = std::begin(theFunctions); row != std::end(theFunctions); ++row) {
+        const auto isDistinct = [&](const Row& theOther) { return areDistinct(*row, theOther); };
+        if (!isEncodable(*row) || !std::all_of(row + 1, std::end(theFunctions), isDistinct)) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(isTableConsistent());
 
 }  // namespace
 
