@@ -229,8 +229,8 @@ static_assert(std::all_of(theCharsetAliases.begin(), theCharsetAliases.end(),
                                                  });
                           }));
 
-constexpr auto theCharsetsByName = sortedByName(withAliases());
-constexpr auto theCharsetsByNumber = sortedByNumber(theCanonicalCharsets);
+constexpr auto theCharsetsByName = sortedBy<&HedNameRow::name>(withAliases());
+constexpr auto theCharsetsByNumber = sortedBy<&HedNameRow::number>(theCanonicalCharsets);
 
 }  // namespace
 

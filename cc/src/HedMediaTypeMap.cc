@@ -71,8 +71,8 @@ constexpr std::array theMediaTypes{
 
 // clang-format on
 
-constexpr auto theMediaTypesByName = sortedByName(theMediaTypes);
-constexpr auto theMediaTypesByNumber = sortedByNumber(theMediaTypes);
+constexpr auto theMediaTypesByName = sortedBy<&HedNameRow::name>(theMediaTypes);
+constexpr auto theMediaTypesByNumber = sortedBy<&HedNameRow::number>(theMediaTypes);
 
 }  // namespace
 

@@ -18,23 +18,13 @@ struct HedNameRow {
     std::int32_t number;
 };
 
-// A table is written in an order for the reader. These sort it for the search; a name or a number
-// that stands twice is a fault of the build.
-
-template <std::size_t theSize>
-consteval std::array<HedNameRow, theSize> sortedByName(std::array<HedNameRow, theSize> theRows) {
-    std::ranges::sort(theRows, {}, &HedNameRow::name);
-    if (std::ranges::adjacent_find(theRows, {}, &HedNameRow::name) != theRows.end()) {
-        throw std::logic_error("a name stands twice");
-    }
-    return theRows;
-}
-
-template <std::size_t theSize>
-consteval std::array<HedNameRow, theSize> sortedByNumber(std::array<HedNameRow, theSize> theRows) {
-    std::ranges::sort(theRows, {}, &HedNameRow::number);
-    if (std::ranges::adjacent_find(theRows, {}, &HedNameRow::number) != theRows.end()) {
-        throw std::logic_error("a number stands twice");
+// A table is written in an order for the reader; this sorts it for the search, by name or by
+// number. A key that stands twice is a fault of the build.
+template <auto theKey, std::size_t theSize>
+consteval std::array<HedNameRow, theSize> sortedBy(std::array<HedNameRow, theSize> theRows) {
+    std::ranges::sort(theRows, {}, theKey);
+    if (std::ranges::adjacent_find(theRows, {}, theKey) != theRows.end()) {
+        throw std::logic_error("a key stands twice");
     }
     return theRows;
 }
@@ -58,7 +48,7 @@ class HedNameMap {
     std::span<const HedNameRow> numbers() const { return numbersM; }
 
   protected:
-    // Sorted by sortedByName and sortedByNumber; the tables behind the spans outlive the map.
+    // By name and by number, from sortedBy; the tables behind the spans outlive the map.
     constexpr HedNameMap(std::span<const HedNameRow> theNames,
                          std::span<const HedNameRow> theNumbers)
         : namesM(theNames), numbersM(theNumbers) {}
