@@ -10,8 +10,10 @@
 // A section that is left out stands for no output, or status 0. The script finds the program as
 // "lumnis", the source tree as $TREE, tests/cases as $CASES, and the files of tests/cases/cli/setup
 // in its folder. "failing CALL:N:ERRNO COMMAND" runs a command whose N-th call of CALL fails
-// (support/failing_calls.c).
+// (support/failing_calls.c). "-- needs terminal" skips a case, and says so, where the machine has
+// no terminals to give.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -45,12 +47,22 @@ std::string expected(const test::Case& theCase, const std::string& theSection) {
     return text;
 }
 
+// A change root often comes without /dev/pts, and "script" then fails before it runs anything.
+bool hasTerminals() {
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+    return terminal >= 0 && close(terminal) == 0;
+}
+
 class CliTest : public testing::TestWithParam<test::Case> {};
 
 TEST_P(CliTest, saysAndDoes) {
     for (const test::CaseSection& section : GetParam().sections) {
-        ASSERT_TRUE(section.name == "out" || section.name == "err" || section.name == "status")
-            << section.name;
+        ASSERT_TRUE(section.name == "out" || section.name == "err" || section.name == "status" ||
+                    (section.name == "needs" && section.arguments == "terminal"))
+            << section.name << " " << section.arguments;
+    }
+    if (GetParam().section("needs") != nullptr && !hasTerminals()) {
+        GTEST_SKIP() << "no pseudo-terminal can be opened here; is /dev/pts mounted?";
     }
     const test::TemporaryFolder folder;
     const fs::path work = folder.get() / "work";
