@@ -81,7 +81,12 @@ std::size_t sequenceLength(char theLead) {
 constexpr std::size_t thePoolSize = 10;
 // At most four bytes for a byte of input suffice for every pair of code pages.
 constexpr std::size_t theGrowth = 4;
+// The bytes that one character may become; what needs more is written as its ENTITY token.
 constexpr std::size_t theCharacterRoom = 7;
+
+// The event of a conversion that cannot be set up.
+constexpr int theEventId = 137628;
+constexpr unsigned theEventCode = 0xC0000CBF;
 constexpr char theCreateFailure[] = "Failed to create MLANG conversion object";
 
 std::unique_ptr<FwCodePageConverter> createConversionObject() {
@@ -92,7 +97,7 @@ std::unique_ptr<FwCodePageConverter> createConversionObject() {
     }
     FwApplicationLog::instance().debug(
         "CcCharsetConverter::getConversionObject(): Failed to create conversion object");
-    FwLogManager::instance().getLog("Orrel")->report(137628, 0xC0000CBF, "");
+    FwLogManager::instance().getLog("Orrel")->report(theEventId, theEventCode, "");
     return nullptr;
 }
 

@@ -50,7 +50,7 @@ class CcCharsetConverter {
     // else as the service writes it. Without it such a character makes the conversion fail.
     // False with a message for empty input and for characters that the set lacks, theOutput being
     // as it was; and for a set that cannot be written, theOutput being empty.
-    // Always with escapes, whatever useEscape says: the sets 1000, 1001 and -4.
+    // Always with escapes, whatever useEscape says: the sets 1000 and -4. 1001 lacks no character.
     bool convertFromUtf8(std::string_view theInput, CpsString& theOutput, HedCharsetId theCharset,
                          bool useEscape);
 

@@ -5,7 +5,8 @@
 
 namespace lumnis {
 
-// The IANA MIBenum value of a character set; negative for sets that have none.
+// The IANA MIBenum value of a character set; negative for sets to which this library gave a number
+// of its own.
 using HedCharsetId = std::int32_t;
 
 constexpr HedCharsetId theUnknownCharset = -1;

@@ -6,8 +6,9 @@ namespace {
 
 // clang-format off
 
-// The canonical names. The number is the MIBenum value of the IANA registry; the negative ones
-// are ours, for sets that the registry does not list.
+// The names that getName gives. The number is the MIBenum value of the IANA registry; the negative
+// ones are ours, and stay, since documents have them: for sets that the registry does not list, or
+// did not when they got their number.
 constexpr std::array theCanonicalCharsets{
     HedNameRow{"unknown charset",        -1},
     HedNameRow{"utf-8",                 106},

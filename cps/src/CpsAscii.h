@@ -1,5 +1,5 @@
-// What XML, WML and the names of charsets mean by white space, letters and digits: those of ASCII,
-// whatever the locale. Bytes above 0x7F are none of them.
+// White space as XML has it, and letters and digits as WML and the names of charsets have them:
+// those of ASCII, whatever the locale. Bytes above 0x7F are none of them.
 #pragma once
 
 namespace lumnis {

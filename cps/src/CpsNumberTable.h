@@ -1,5 +1,5 @@
-// Numbers things of a source, texts or values, as fast as a table of hashes and without its
-// weakness: a source that is made to collide goes on in an ordered map.
+// Remembers the numbers that things of a source got, texts or values: as fast as a table of hashes
+// and without its weakness, since a source that is made to collide goes on in an ordered map.
 #pragma once
 
 #include <cstddef>

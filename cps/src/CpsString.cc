@@ -65,10 +65,13 @@ CpsString& CpsString::operator=(CpsString&& theOther) noexcept {
 }
 
 CpsString& CpsString::assign(const CpsString& theOther) {
-    return beginM == theOther.beginM ? *this : assign(theOther.view());
+    return assign(theOther.view());
 }
 
 CpsString& CpsString::assign(std::string_view theText) {
+    if (theText.data() == beginM) {
+        return *this;  // the whole string, by the promise of the header
+    }
     if (theText.size() + 1 > static_cast<std::size_t>(limitM - beginM)) {
         reallocate(theText.size(), 0);
     }

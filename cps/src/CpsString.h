@@ -18,7 +18,8 @@ class CpsString {
 
     CpsString() noexcept : endM(localM), beginM(localM), limitM(localM + theLocalSize) {}
     // Takes all bytes of theText. A literal or another NUL-terminated text counts up to its
-    // terminator. Throws std::length_error above 4294967039 bytes, as every growing operation.
+    // terminator. Throws std::length_error above 4294967039 bytes, as every operation that makes a
+    // content (append and insert at 4294967039: they count the terminator).
     CpsString(std::string_view theText);  // NOLINT(google-explicit-constructor): text is a string
     CpsString(const char* theText);       // NOLINT(google-explicit-constructor): text is a string
     // Takes exactly theLength bytes, NUL bytes included.

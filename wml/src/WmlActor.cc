@@ -75,8 +75,8 @@ void writeVdata(std::string_view theValue, WmlCtrl& theCtrl, bool theEscapeDefau
     }
 }
 
-// theValue with each "$$" made "$".
-CpsString checkDollars(std::string_view theValue) {
+// theValue with each "$$" made "$". Throws WmlActorException for a "$" that stands alone.
+CpsString unescapeDollars(std::string_view theValue) {
     CpsString result;
     for (;;) {
         const std::size_t dollar = theValue.find('$');
@@ -99,7 +99,7 @@ void writeCdata(std::string_view theValue, WmlCtrl& theCtrl) {
         }
         return;
     }
-    const CpsString value = checkDollars(theValue);
+    const CpsString value = unescapeDollars(theValue);
     if (!value.empty()) {
         theCtrl.tokenizeAttributeValue(value);
     }
@@ -213,7 +213,7 @@ bool WmlActor::tokenizeCdata(unsigned char theToken, const XpDtd::Attribute& the
     std::string_view rest = value->text(buffer);
     writeStart(theToken, rest, theCtrl, thePrefixes);
     // This form alone writes an empty string where nothing follows the prefix.
-    theCtrl.tokenizeAttributeValue(checkDollars(rest));
+    theCtrl.tokenizeAttributeValue(unescapeDollars(rest));
     return true;
 }
 

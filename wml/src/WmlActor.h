@@ -39,9 +39,12 @@ class WmlActor : public XaWbxmlActor {
     // Throws XpDtd::UndefinedException if theElement has no attributes "id" and "class".
     explicit WmlActor(const XpDtd::Element& theElement);
 
-    // vdata and CDATA: a value that equals the default of the DTD is not written. Without prefix
-    // table, with the first prefix that fits, or with the longest one, on the current page if
-    // there is one that fits, else on the others.
+    // vdata and CDATA: a value that equals the default of the DTD is not written. Which of the
+    // start tokens with a prefix is taken depends on the last argument:
+    //
+    //     none               none, the whole value stands behind theToken
+    //     PrefixTable        the first prefix that fits
+    //     PagedPrefixTable   the longest one on the current page, else the longest of all pages
 
     static bool tokenizeVdata(unsigned char theToken, const XpDtd::Attribute& theAttr,
                               const XpDtd::AttributeMap& theAttributes, WmlCtrl& theCtrl,

@@ -5,8 +5,8 @@
 #include <bitset>
 
 #include "CpsBytes.h"
-#include "WmlText.h"
 #include "WmlTokens.h"
+#include "WmlVariableName.h"
 
 namespace lumnis {
 namespace {
@@ -233,9 +233,10 @@ std::string_view WmlCtrl::getToken(std::string_view theSource, std::uint32_t the
 
 // ---- Values
 
-// One walk over the value. A text counts as seen at its first occurrence, also where that is
-// covered by a token; of several at one place the last in byte order wins, which is the longest,
-// since each of them begins with the others.
+// One walk over the value. Each text is replaced once, as decks have always been written, where
+// XaWbxmlActor::tokenizeString replaces all. A text counts as seen at its first occurrence, also
+// where that is covered by a token; of several at one place the last in byte order wins, which is
+// the longest, since each of them begins with the others.
 void WmlCtrl::tokenizeAttributeValue(std::string_view theValue) {
     std::bitset<ValueIndex::theSize> seen;
     std::size_t cursor = 0;

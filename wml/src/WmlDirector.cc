@@ -10,7 +10,8 @@ namespace lumnis {
 
 // What a public identifier decides. The version byte of WBXML is that of its first version that
 // has a number for the identifier; with an internal subset a document is not of the known type
-// any more, and its identifier is 1, the unknown one (WBXML 1.3, 5.4 and 7.2).
+// any more, and its identifier is 1, the unknown one (WBXML 1.3, 5.4 and 7.2). Version 1 suffices
+// for that, but WTA-WML keeps its own.
 struct WmlDirector::DocumentType {
     unsigned char version;
     unsigned char versionWithSubset;
@@ -79,16 +80,19 @@ WmlDirector::DocumentType WmlDirector::findDocumentType(std::string_view thePubl
         return {1, 1, XaWbxmlPublicId::UNKNOWN, nullptr};
     }
     if (wml11IdM == thePublicId) {
-        return {1, 1, 4, &obtainDtd(wml11DtdM, theWml11DtdText, &WmlDirector::setupWml11Actors)};
+        return {1, 1, XaWbxmlPublicId::WML_1_1,
+                &obtainDtd(wml11DtdM, theWml11DtdText, &WmlDirector::setupWml11Actors)};
     }
     if (wml12IdM == thePublicId) {
-        return {2, 1, 9, &obtainDtd(wml12DtdM, theWml12DtdText, &WmlDirector::setupWml12Actors)};
+        return {2, 1, XaWbxmlPublicId::WML_1_2,
+                &obtainDtd(wml12DtdM, theWml12DtdText, &WmlDirector::setupWml12Actors)};
     }
     if (wml13IdM == thePublicId) {
-        return {3, 1, 10, &obtainDtd(wml13DtdM, theWml13DtdText, &WmlDirector::setupWml13Actors)};
+        return {3, 1, XaWbxmlPublicId::WML_1_3,
+                &obtainDtd(wml13DtdM, theWml13DtdText, &WmlDirector::setupWml13Actors)};
     }
     if (wtaWml12IdM == thePublicId) {
-        return {3, 3, 12,
+        return {3, 3, XaWbxmlPublicId::WTA_WML_1_2,
                 &obtainDtd(wtaWml12DtdM, theWtaWml12DtdText, &WmlDirector::setupWtaWml12Actors)};
     }
     return {1, 1, XaWbxmlPublicId::IN_STRING_TABLE, nullptr};
@@ -128,6 +132,7 @@ std::unique_ptr<XaOutput> WmlDirector::process(XpParser& theParser, XaPrologOutp
     theProlog.reproduce(&tokenizer, nullptr, context);
     parse(theParser);
 
+    // 0 is an unknown charset: WBXML has no number for one of ours.
     prolog +=
         XaWbxmlCtrl::getAsMbUInt(static_cast<std::uint32_t>(theCharset >= 0 ? theCharset : 0));
     ctrl->addProlog(prolog);

@@ -41,7 +41,7 @@ class WmlRuledActor : public WmlActor {
     enum class Content {
         OPTIONAL,  // no content if nothing stands between the tags
         PAIRED,    // no content if it is an empty-element tag
-        ALWAYS,    // the same for the bit, and always an END
+        ALWAYS,    // content and END: the DTD wants content, so a tag without it is refused
         NEVER      // declared EMPTY: neither bit nor END
     };
     // Where text in front is written. END is in front of the END token.
@@ -89,7 +89,7 @@ class WmlRuledActor : public WmlActor {
     virtual bool tokenizeSpecial(unsigned char theToken, const XpDtd::Attribute& theAttr,
                                  const XpDtd::AttributeMap& theAttributes, WmlCtrl& theCtrl) const;
 
-    // The pieces of begin, for an actor that decides otherwise.
+    // What begin does behind the flush, for an actor that decides otherwise.
     void writeElement(const XpDtd::AttributeMap& theAttributes, int theContentKind,
                       WmlCtrl& theCtrl) const;
 

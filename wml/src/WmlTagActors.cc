@@ -63,11 +63,13 @@ constexpr ElementRow theElements[] = {
     {"wta-wml", make<WtaWmlTagActor>},
 };
 
-// Each element has its token, and each token its element: wmlTagToken throws for a name without,
-// which ends the build here.
-static_assert(std::ranges::all_of(theElements, [](const ElementRow& theRow) {
-    return wmlTagToken(theRow.name) != 0;
-}));
+// Each token has its element, and there are no more elements than tokens.
+constexpr auto hasElement = [](const WmlTagToken& theToken) {
+    return std::ranges::any_of(
+        theElements, [&](const ElementRow& theRow) { return theRow.name == theToken.name; });
+};
+static_assert(std::ranges::all_of(theWmlTagTokens, hasElement));
+static_assert(std::ranges::all_of(theWtaTagTokens, hasElement));
 static_assert(std::size(theElements) == theWmlTagTokens.size() + theWtaTagTokens.size());
 
 // No document type has all elements.

@@ -10,7 +10,7 @@ namespace lumnis {
 class DoTagActor final : public WmlRuledActor {
   public:
     // With validation two do elements of one card must differ in their names; one without a name
-    // has its type as name (WML 1.3, 9.3).
+    // has its type as name (WML 1.3, 9.7).
     explicit DoTagActor(const Setup& theSetup,
                         bool theValidation = ChConfigData::instance().chWmlDoElementValidation())
         : WmlRuledActor(theSetup, Content::ALWAYS, Flush::BEGIN),

@@ -6,7 +6,7 @@
 
 namespace lumnis {
 
-// Variables, and white space as WML has it: one blank for each run (WML 1.3, 9.1). In an element
+// Variables, and white space as WML has it: one blank for each run (WML 1.3, 11.8.1). In an element
 // that preserves white space only the runs at both ends of a piece of text shrink.
 class WmlPcDataActor final : public XpDtd::PcDataActor {
   public:

@@ -265,8 +265,8 @@ constexpr bool isSameText(const WmlAttrValueToken& a, const WmlAttrValueToken& b
     return a.text == b.text;
 }
 
-// WBXML 1.3, 5.8.2: tags are 0x05 to 0x3F, attribute starts 0x05 to 0x7F but for the global tokens
-// 0x40 to 0x44, attribute values 0x85 to 0xBF.
+// WBXML 1.3, 5.8.2 and 5.8.3: tags are 0x05 to 0x3F, attribute starts 0x05 to 0x7F but for the
+// global tokens 0x40 to 0x44, attribute values 0x85 to 0xFF but for 0xC0 to 0xC4; here up to 0xBF.
 static_assert(areInTokenOrder(theWmlTagTokens, 0x05, 0x3F));
 static_assert(areInTokenOrder(theWtaTagTokens, 0x05, 0x3F));
 static_assert(areInTokenOrder(theWmlAttrTokens, 0x05, 0x7F));

@@ -1,6 +1,6 @@
 #include "WtaWmlCtrl.h"
 
-#include "WmlText.h"
+#include "WmlVariableName.h"
 
 namespace lumnis {
 

@@ -25,10 +25,15 @@ struct XaWbxmlToken {
     static constexpr Type HAS_ATTRIBUTES = 0x80;
 };
 
-// Public identifiers that name no document type (WBXML 1.3, 7.2).
+// Numbers of public identifiers (WBXML 1.3, 7.2): of those of WML, and of the two that name no
+// document type.
 struct XaWbxmlPublicId {
     static constexpr unsigned char IN_STRING_TABLE = 0;  // and the offset of the identifier
     static constexpr unsigned char UNKNOWN = 1;          // or none
+    static constexpr unsigned char WML_1_1 = 4;
+    static constexpr unsigned char WML_1_2 = 9;
+    static constexpr unsigned char WML_1_3 = 10;
+    static constexpr unsigned char WTA_WML_1_2 = 12;
 };
 
 }  // namespace lumnis

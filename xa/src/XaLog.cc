@@ -8,6 +8,14 @@
 
 namespace lumnis {
 
+namespace {
+
+// The event of a fault of the parser or a director.
+constexpr int theEventId = 137697;
+constexpr unsigned theEventCode = 0xC0000CBD;
+
+}  // namespace
+
 void XaLog::trace(std::string_view thePrefix, std::string_view theText, const char* theFile,
                   int theLine) noexcept {
     std::array<char, 1024> buffer;
@@ -19,7 +27,7 @@ void XaLog::trace(std::string_view thePrefix, std::string_view theText, const ch
 
 void XaLog::report(const char* theText) noexcept {
     try {
-        FwLogManager::instance().getLog("Orrel")->report(137697, 0xC0000CBD, theText);
+        FwLogManager::instance().getLog("Orrel")->report(theEventId, theEventCode, theText);
     } catch (const std::bad_alloc&) {
         // The event is lost; the fault itself is not.
     }

@@ -27,7 +27,6 @@ void XaWbxmlCtrl::popLastOutputByte() {
 void XaWbxmlCtrl::addStringToOutput(std::string_view theText) {
     const StringTable::Number number = numberOf(theText);
     stringTableM->count(number);
-    // Less than 4 GiB: a document is, and no byte of it becomes more than two.
     blocksM.push_back({static_cast<std::uint32_t>(bodyM.size() - slotM), number});
     slotM = bodyM.size();
 }

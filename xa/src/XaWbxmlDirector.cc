@@ -18,8 +18,8 @@ constexpr int theApplicationXml = 39;
 constexpr int theTextXml = 40;
 constexpr int theApplicationWbxml = 41;
 
-// Public identifiers of WAP documents (WBXML 1.3, 7.2), and the version of WBXML (version byte,
-// one less than the minor number) that a document of the type needs.
+// Public identifiers of WAP documents (WBXML 1.3, 7.2), and the version byte of the WBXML that a
+// document of the type needs: the minor number, the major one less 1 being 0 in the high bits.
 struct PublicIdRow {
     std::string_view name;  // behind the prefix
     unsigned char number;
@@ -32,15 +32,15 @@ constexpr unsigned char theLowestVersion = 1;
 constexpr auto thePublicIds = std::to_array<PublicIdRow>({
     {"WML 1.0//EN", 2, 1},
     {"WTA 1.0//EN", 3, 1},
-    {"WML 1.1//EN", 4, 1},
+    {"WML 1.1//EN", XaWbxmlPublicId::WML_1_1, 1},
     {"SI 1.0//EN", 5, 2},
     {"SL 1.0//EN", 6, 2},
     {"CO 1.0//EN", 7, 2},
     {"CHANNEL 1.1//EN", 8, 2},
-    {"WML 1.2//EN", 9, 2},
-    {"WML 1.3//EN", 10, 3},
+    {"WML 1.2//EN", XaWbxmlPublicId::WML_1_2, 2},
+    {"WML 1.3//EN", XaWbxmlPublicId::WML_1_3, 3},
     {"PROV 1.0//EN", 11, 3},
-    {"WTA-WML 1.2//EN", 12, 3},
+    {"WTA-WML 1.2//EN", XaWbxmlPublicId::WTA_WML_1_2, 3},
     {"CHANNEL 1.2//EN", 13, 3},
 });
 

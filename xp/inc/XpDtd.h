@@ -81,7 +81,6 @@ class XpDtd {
     class ChoiceFsm;
     class SeqFsm;
     class AttValueProcessor;
-    struct AttributeDefinition;
 
     // Order of creation, wherever a set or map of items or nodes has an order that can be seen.
     struct ByCreation {

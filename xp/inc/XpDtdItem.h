@@ -142,11 +142,6 @@ class XpDtd::Attribute final : public XpDtd::Item {
     std::unique_ptr<const AttValue> defaultValueM;
 };
 
-// One definition of an ATTLIST declaration. The attribute leaves it if an element takes it.
-struct XpDtd::AttributeDefinition {
-    std::unique_ptr<Attribute> attribute;
-};
-
 class XpDtd::Element final : public XpDtd::ValuedItem {
   public:
     explicit Element(std::string_view theName);
@@ -161,10 +156,10 @@ class XpDtd::Element final : public XpDtd::ValuedItem {
     const Attribute& getAttribute(std::string_view theName) const;
     // The same, null if there is none.
     const Attribute* findAttribute(std::string_view theName) const;
-    // Takes the definitions of one ATTLIST declaration, the last one first, that have a new name.
-    // So the first declaration of a name wins, and inside of one declaration the last definition.
-    // Throws MultipleIdException.
-    void addAttributes(std::vector<AttributeDefinition>& theDefinitions);
+    // Takes the attributes of one ATTLIST declaration, the last one first, that have a new name:
+    // the others stay. So the first declaration of a name wins, and inside of one declaration the
+    // last definition. Throws MultipleIdException.
+    void addAttributes(std::vector<std::unique_ptr<Attribute>>& theAttributes);
     // Adds an attribute whose name is new here.
     const Attribute& implyAttribute(std::unique_ptr<Attribute> theAttribute);
     // Makes theExternal the base and, if asked, inherits its attributes that are not hidden by

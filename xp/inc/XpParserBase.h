@@ -35,8 +35,9 @@ class XpParserBase {
     void* allocateStack(std::size_t theSize);
     void freeStack(void* theBlock);
 
-    // The actions, in the order of the rules. Any may throw an XpException.
+    // The actions of the grammar, by the file that holds them. Any may throw an XpException.
 
+    // The document as a whole: XpParserBase.cc.
     void endProlog(bool hasLookahead);
     void endDtd(bool isAtEnd);
     void endDocument(bool isAtEnd);
@@ -218,8 +219,8 @@ class XpParserBase {
     std::vector<std::unique_ptr<XpDtd::ChoiceFsm>> choiceStackM;
     std::vector<std::unique_ptr<XpDtd::SeqFsm>> seqStackM;
     static constexpr std::size_t theAttDefsLimit = 1000;
-    std::vector<XpDtd::AttributeDefinition> attDefsM;  // the newest last
-    std::size_t attDefsLimitM = theAttDefsLimit;       // where repeated ones are looked for
+    std::vector<std::unique_ptr<XpDtd::Attribute>> attDefsM;  // the newest last
+    std::size_t attDefsLimitM = theAttDefsLimit;              // where repeated ones are looked for
     std::unique_ptr<XpDtd::AttValueProcessor> attProcessorM;
     XpDtd::Attribute::DefaultKind attDefaultKindM = XpDtd::Attribute::IMPLIED;
     std::optional<CpsString> attDefaultTextM;

@@ -1,5 +1,5 @@
-// What single bytes are to plain text: text of ASCII that is read past the scanner. Bytes above
-// 0x7F are in no class but those of text and values; whoever meets one in a name asks the scanner.
+// What single bytes are to content that is read past the scanner. A byte above 0x7F has no class:
+// it ends neither text nor a value, and whether it belongs to a name only the scanner knows.
 #pragma once
 
 #include <array>

@@ -23,9 +23,9 @@ class XpDtd::ContentNode {
 
 // What a content model sees beside elements. The objects belong to no DTD and have no state.
 struct XpPseudoElements {
-    const XpDtd::Element pcData{"#PCDATA"};
-    const XpDtd::Element end{"[END]"};
-    const XpDtd::Element empty{"[EMPTY]"};
+    const XpDtd::Element pcData{"#PCDATA"};  // text
+    const XpDtd::Element end{"[END]"};       // the end tag
+    const XpDtd::Element empty{"[EMPTY]"};   // only EMPTY allows it: tells that model from others
 
     static const XpPseudoElements& instance();
 };

@@ -148,14 +148,14 @@ void XpParserBase::declareAttributes(const CpsString& theElement) {
     attDefsLimitM = theAttDefsLimit;
 }
 
-// Of definitions of one name in one declaration the last one holds. The others go in time, when
-// there are many.
+// Of definitions of one name in one declaration the last one holds. The others are dropped as soon
+// as there are many, so that a long row of them does not hold memory.
 void XpParserBase::dropRepeatedDefinitions() {
     std::set<std::string_view> names;
     auto kept = attDefsM.end();
     for (auto definition = attDefsM.end(); definition != attDefsM.begin();) {
         --definition;
-        if (names.insert(definition->attribute->getName()).second) {
+        if (names.insert((*definition)->getName()).second) {
             --kept;
             std::swap(*kept, *definition);
         }
@@ -182,8 +182,8 @@ void XpParserBase::defineAttribute(const CpsString& theName) {
     if (!attProcessorM->checkDefault(value.get(), attDefaultKindM)) {
         fail("illegal default declaration for " + theName);
     }
-    attDefsM.push_back({std::make_unique<XpDtd::Attribute>(
-        theName, std::exchange(attProcessorM, nullptr), attDefaultKindM, std::move(value))});
+    attDefsM.push_back(std::make_unique<XpDtd::Attribute>(
+        theName, std::exchange(attProcessorM, nullptr), attDefaultKindM, std::move(value)));
     lexerM->releaseString(theName);
     if (attDefsM.size() >= attDefsLimitM) {
         dropRepeatedDefinitions();

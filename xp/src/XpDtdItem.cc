@@ -130,13 +130,12 @@ void XpDtd::Element::noteAttribute(const Attribute& theAttribute) {
     }
 }
 
-void XpDtd::Element::addAttributes(std::vector<AttributeDefinition>& theDefinitions) {
-    for (auto definition = theDefinitions.rbegin(); definition != theDefinitions.rend();
-         ++definition) {
+void XpDtd::Element::addAttributes(std::vector<std::unique_ptr<Attribute>>& theAttributes) {
+    for (auto attribute = theAttributes.rbegin(); attribute != theAttributes.rend(); ++attribute) {
         const auto [place, isNew] =
-            attributesM.try_emplace(definition->attribute->getName().view(), nullptr);
+            attributesM.try_emplace((*attribute)->getName().view(), nullptr);
         if (isNew) {
-            place->second = std::move(definition->attribute);
+            place->second = std::move(*attribute);
             noteAttribute(*place->second);
         }
     }

@@ -13,8 +13,8 @@ namespace lumnis {
 
 namespace {
 
-// A parameter entity that refers to itself mostly comes to another fault the second time: that one
-// is to be told.
+// Levels of parameter entities before they are called too deep. One that refers to itself mostly
+// makes another fault at the second level, and that is the better message.
 constexpr std::size_t thePeDepthReserve = 100'000;
 
 std::unique_ptr<CpsString> copyOf(const CpsString& theText) {
@@ -66,7 +66,7 @@ void XpParserBase::enterEntity() {
             dummyTextM = dummyText(name);
             dummyTextM.c_str();
             expand(dummyTextM, XP_END_REFERENCE);
-            currentNodeM = &XpDtd::AnyNode::shared();
+            currentNodeM = &XpDtd::AnyNode::shared();  // what it holds is not known
         }
     } else {
         expand(entity.getTextValue(), XP_END_REFERENCE);

@@ -6,6 +6,10 @@
 
 namespace lumnis {
 
+static_assert(XpModelSize::theNodeSize >= sizeof(XpDtd::FsmNode) + sizeof(void*),
+              "a node and what the allocator adds");
+static_assert(XpModelSize::theTransitionSize >= sizeof(XpDtd::FsmNode::Transition));
+
 CpsString XpModelSize::TooLargeException::toString() const {
     return "content model too large";
 }
@@ -89,7 +93,7 @@ XpDtd::Fsm::Known XpDtd::Fsm::allOfStart() {
     return {listM, static_cast<std::uint32_t>(getStart().countTransitions())};
 }
 
-// That of a name has not been made: it is the one transition.
+// The list of a start with one transition is not kept.
 void XpDtd::Fsm::listStart() {
     const auto transitions = getStart().getTransitions();
     if (listedM.empty()) {

@@ -40,7 +40,8 @@ static void xperror(lumnis::XpParserBase& theParser, const char* theMessage) {
     theParser.failToParse(theMessage);
 }
 
-// What a build step puts in front of each reading of a token.
+// Reads plain content in one go. cmake/ReadPlainContent.cmake puts the call into the generated
+// parser, in front of each decision of a state where content may follow.
 static const lumnis::XpPlainContent& xpplainContent();
 }
 

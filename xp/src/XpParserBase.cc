@@ -33,6 +33,7 @@ void XpParserBase::parse() {
     } catch (const XpException& error) {
         fail(error.toString());
     }
+    // Its actors were for what has been parsed, the prolog or the body.
     if (internalSubsetM != nullptr) {
         internalSubsetM->setPiActor(nullptr);
         internalSubsetM->setWhitespaceActor(nullptr);

@@ -13,8 +13,10 @@ namespace lumnis {
 
 namespace {
 
-// The most that one step pushes, and one for the parser itself, which grows its stack early.
-constexpr std::ptrdiff_t theRoom = 8;
+// A start tag: content, flushed, beginStag, begun, attributes.
+constexpr std::ptrdiff_t theMostPushed = 5;
+// One more is for the parser itself, which grows its stack early.
+constexpr std::ptrdiff_t theRoom = theMostPushed + 1;
 
 std::string_view between(const unsigned char* theBegin, const unsigned char* theEnd) {
     return {reinterpret_cast<const char*>(theBegin), static_cast<std::size_t>(theEnd - theBegin)};

@@ -1,8 +1,8 @@
 // The rules of the scanner: longest match, and of equally long ones the first.
 //
 // Several rules have no word of their own in XML: they match what has gone wrong, so that the
-// message is about that. Such a rule stands behind those that match the right thing, is never
-// longer than they are, and so wins only where they cannot match.
+// message is about that. Most match the beginning of the right thing, and win where it does not go
+// on; some match more than the right thing on purpose, such as "#REQUIREDx" or "]]" for "]".
 
 #include "XpGrammar.h"
 #include "XpInternalError.h"
@@ -74,8 +74,8 @@ int XpLexer::yylex() {
             <IGNORESECT> ignoredUpTo "<!["     { takeRun(cursor); return XP_START_COND_SECT; }
             <IGNORESECT> ignored "]" "]"+ ">"  { takeRun(cursor); return XP_END_COND_SECT; }
             <IGNORESECT> inIgnored+            { takeRun(cursor); continue; }
-            // The byte behind has been matched, so a line feed counts here and once more when it
-            // is read again.
+            // What is matched is counted: a line feed that is given back counts here, and once more
+            // when it is read again.
             <IGNORESECT> ignoredUpTo "<!" [^[]  { takeRun(cursor); --cursorM; continue; }
             <IGNORESECT> ignored "]"+ [^\]>]    { takeRun(cursor); --cursorM; continue; }
             <IGNORESECT> ignored "]>"           { takeRun(cursor); continue; }
