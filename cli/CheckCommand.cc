@@ -72,7 +72,8 @@ void CheckCommand::addTo(CLI::App& theApp) {
                    "the document and below it; without it nothing else is read");
     verb->add_flag("--events", hasEventsM,
                    "Print what the parser finds, one event per line, up to the\n"
-                   "first error");
+                   "first error; none of the content where --external has read\n"
+                   "a complete DTD and the document declares nothing itself");
     addQuietOption(*verb, batchM);
 }
 

@@ -42,7 +42,8 @@ class XpParser : private XpParserBase {
     void makeNonvalidating(XpDtd* theDtd, XpDtd::ElementActor* theDefaultActor, void* theContext);
     // Decides what validates: theDtd, an internal subset, both, or, with neither, nothing.
     // theDtd, which may be null, must outlive the parser and keeps its own actors. The actors
-    // given here serve a DTD of the parser's own: all its elements get theDefaultActor.
+    // given here serve an internal subset and a DTD to which the parser adds what it lacks: all
+    // its elements get theDefaultActor. A complete external subset alone validates without actors.
     void setDtd(const XpDtd* theDtd, void* theContext, XpDtd::ElementActor* theDefaultActor,
                 XpDtd::PcDataActor* thePcData, XpDtd::PcDataActor* theCdSection,
                 XpDtd::WhitespaceActor* theWhitespace, XpDtd::PiActor* thePi);

@@ -23,7 +23,7 @@ class XpDtd::AttValueProcessor {
     struct Environment {
         XpLexer& lexer;
         const XpDtd& activeDtd;  // the one to look in
-        XpDtd* buildingDtd;      // may be extended; null in a validating parse
+        XpDtd* buildingDtd;      // may be extended; null if the DTD is complete
     };
 
     // theText has passed the text step: references expanded, white space made blanks. Throws an

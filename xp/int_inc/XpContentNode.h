@@ -91,7 +91,7 @@ class XpDtd::FsmNode final : public XpDtd::ContentNode {
 
     bool add(const Transition& theTransition);
     bool insert(const Transition& theTransition);
-    // Where theTransition belongs in the last run, nothing if it is there already. Throws as
+    // Where theTransition belongs in the last run, nothing if some run has it already. Throws as
     // addTransition.
     std::optional<std::size_t> findPlace(const Transition& theTransition) const;
     void reallocate(std::size_t theCapacity);

@@ -44,11 +44,13 @@ class XpPlainContent {
     State* read(XpParserBase& theParser, State* theTop, const State* theEnd) const;
 
   private:
-    // Where states of an element lie on the stack, seen from its attributes.
-    static constexpr std::ptrdiff_t theContentOffset = -4;
-    static constexpr std::ptrdiff_t theFlushedOffset = -3;
+    // Where states of an element and of its parent lie on the stack, seen from its attributes.
+    static constexpr std::ptrdiff_t theParentContentOffset = -4;
+    static constexpr std::ptrdiff_t theParentFlushedOffset = -3;
     static constexpr std::ptrdiff_t theOpenedOffset = 2;
     static constexpr std::ptrdiff_t theSingleContentOffset = 4;
+
+    // Each of these gives false if what comes is not plain; then it has taken nothing.
 
     bool readInTag(XpParserBase& theParser, State*& theTop) const;
     // The attribute whose name begins at theName, behind theLineFeeds that are not taken yet.
@@ -60,12 +62,12 @@ class XpPlainContent {
     bool readStartTag(XpParserBase& theParser, State*& theTop, const XpPlainText& theText) const;
     // True if the element whose attributes state is at theTag stands in the content of another.
     bool isInContent(const State* theTag) const {
-        return theTag[theContentOffset] == statesM.content &&
-               theTag[theFlushedOffset] == statesM.flushed;
+        return theTag[theParentContentOffset] == statesM.content &&
+               theTag[theParentFlushedOffset] == statesM.flushed;
     }
     // The top behind an element, which has become a part of its parent's content.
     State* leave(State* theTag) const {
-        State* const top = theTag + theFlushedOffset;
+        State* const top = theTag + theParentFlushedOffset;
         *top = statesM.singleContent;
         return top;
     }

@@ -89,7 +89,7 @@ void XpParser::setDtd(const XpDtd* theDtd, void* theContext, XpDtd::ElementActor
         buildingDtdM = building;
         defaultActorM = theDefaultActor;
     }
-    // A DTD of the parser's own has no actors yet.
+    // A complete external subset alone stays without actors.
     if (XpDtd* const own = building != nullptr ? building : internalSubsetM.get()) {
         own->setElementActors(theDefaultActor);
         own->setPcDataActor(thePcData);
