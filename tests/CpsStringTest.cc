@@ -112,6 +112,8 @@ TEST(CpsString, StringAppendsAndAssignsItself) {
     EXPECT_EQ(bytes(string), std::string(400, 'a'));
     string = *&string;
     EXPECT_EQ(string.length(), 400u);
+    string = string.view();
+    EXPECT_EQ(bytes(string), std::string(400, 'a'));
     const CpsString stolen(std::move(string));
     EXPECT_EQ(stolen.length(), 400u);
 }

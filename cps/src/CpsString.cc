@@ -70,7 +70,8 @@ CpsString& CpsString::assign(const CpsString& theOther) {
 
 CpsString& CpsString::assign(std::string_view theText) {
     if (theText.data() == beginM) {
-        return *this;  // the whole string, by the promise of the header
+        endM = beginM + theText.size();  // this string itself: nothing to copy
+        return *this;
     }
     if (theText.size() + 1 > static_cast<std::size_t>(limitM - beginM)) {
         reallocate(theText.size(), 0);
