@@ -18,12 +18,6 @@ constexpr char theCharsetsExamples[] =
     "  lumnis charsets                          lists all\n"
     "  lumnis compile --charset latin1 x.wmls   takes one by any of its names or its number\n";
 
-const char* directionOf(HedCharsetId theCharset) {
-    const bool isRead = CcCharsetConverter::canConvertToUtf8(theCharset);
-    const bool isWritten = CcCharsetConverter::canConvertFromUtf8(theCharset);
-    return isRead && isWritten ? "both" : isRead ? "from" : isWritten ? "to" : nullptr;
-}
-
 std::string aliasesOf(const HedNameRow& theCanonical) {
     std::string result;
     for (const HedNameRow& row : HedCharsetMap::instance().names()) {
@@ -46,11 +40,11 @@ void CharsetsCommand::addTo(CLI::App& theApp) {
 CliExit CharsetsCommand::run() const {
     std::printf("%-8s %-18s %-10s %s\n", "number", "name", "converted", "further names");
     for (const HedNameRow& row : HedCharsetMap::instance().numbers()) {
-        if (const char* direction = directionOf(row.number)) {
+        if (CcCharsetConverter::canConvert(row.number)) {
             std::string line(96, '\0');
             const int length =
                 std::snprintf(line.data(), line.size(), "%-8d %-18.*s %-10s ", row.number,
-                              static_cast<int>(row.name.size()), row.name.data(), direction);
+                              static_cast<int>(row.name.size()), row.name.data(), "both");
             line.resize(static_cast<std::size_t>(length));
             line += aliasesOf(row);
             line.erase(line.find_last_not_of(' ') + 1);

@@ -43,30 +43,24 @@ HedCharsetId numberOf(std::string_view theName) {
     return numberOfName(theName);
 }
 
-bool isConvertible(HedCharsetId theNumber, CliCharsetUse theUse) {
-    return theUse == CliCharsetUse::input ? CcCharsetConverter::canConvertToUtf8(theNumber)
-                                          : CcCharsetConverter::canConvertFromUtf8(theNumber);
-}
-
 }  // namespace
 
-std::vector<std::string_view> charsetNames(CliCharsetUse theUse) {
+std::vector<std::string_view> charsetNames() {
     std::vector<std::string_view> result;
     for (const HedNameRow& row : HedCharsetMap::instance().names()) {
-        if (isConvertible(row.number, theUse)) {
+        if (CcCharsetConverter::canConvert(row.number)) {
             result.push_back(row.name);
         }
     }
     return result;
 }
 
-HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
-                           CliCharsetUse theUse) {
+HedCharsetId charsetByName(std::string_view theOption, const std::string& theName) {
     const HedCharsetId number = numberOf(theName);
-    if (!isConvertible(number, theUse)) {
+    if (!CcCharsetConverter::canConvert(number)) {
         throw CliUsageError(std::string(theOption) + ": charset \"" + visibleText(theName) +
                             "\" is not supported (\"lumnis charsets\" lists those that are)" +
-                            suggestion(theName, charsetNames(theUse)));
+                            suggestion(theName, charsetNames()));
     }
     return number;
 }
@@ -74,9 +68,8 @@ HedCharsetId charsetByName(std::string_view theOption, const std::string& theNam
 std::optional<HedCharsetId> declaredCharset(std::string_view theName) {
     const HedCharsetId number = numberOfName(theName);
     const bool isWide = number == theUcs2Charset || number == theUcs4Charset;
-    return !isWide && CcCharsetConverter::canConvertToUtf8(number)
-               ? std::optional<HedCharsetId>(number)
-               : std::nullopt;
+    return !isWide && CcCharsetConverter::canConvert(number) ? std::optional<HedCharsetId>(number)
+                                                             : std::nullopt;
 }
 
 bool convertSource(CpsString& theSource, HedCharsetId theCharset, std::string& theMessage) {

@@ -11,17 +11,13 @@
 
 namespace lumnis {
 
-// Where an option's charset stands: sources come in, strings go out.
-enum class CliCharsetUse { input, output };
-
 // The number of a charset given by name, alias or number, in any letter case. theOption is for the
 // message. Throws CliUsageError when there is no such charset or it cannot be converted.
-HedCharsetId charsetByName(std::string_view theOption, const std::string& theName,
-                           CliCharsetUse theUse);
+HedCharsetId charsetByName(std::string_view theOption, const std::string& theName);
 
-// All names, numbers aside, that charsetByName takes for theUse, in the order of the table. The
-// texts are those of the table.
-std::vector<std::string_view> charsetNames(CliCharsetUse theUse);
+// All names, numbers aside, that charsetByName takes, in the order of the table. The texts are
+// those of the table.
+std::vector<std::string_view> charsetNames();
 
 // The number of a charset that a source itself declares. Nothing if the charset cannot be
 // converted, or if a declaration in it could not have been read as ASCII (UCS-2, UCS-4).

@@ -60,10 +60,9 @@ void CompileCommand::addTo(CLI::App& theApp) {
 CliExit CompileCommand::run() const {
     std::vector<HedCharsetId> charsets;
     for (const std::string& name : charsetsM) {
-        charsets.push_back(charsetByName("--charset", name, CliCharsetUse::output));
+        charsets.push_back(charsetByName("--charset", name));
     }
-    const HedCharsetId inputCharset =
-        charsetByName("--input-charset", inputCharsetM, CliCharsetUse::input);
+    const HedCharsetId inputCharset = charsetByName("--input-charset", inputCharsetM);
     CliBatchOptions batch = batchM;
     batch.extension = ".wmlsc";
     batch.sideOutputs = {{"--listing", listingM}, {"--tree", treeM}};

@@ -38,11 +38,8 @@ Words copied(const std::vector<std::string_view>& theNames) {
 
 // Words that the value of an option is one of.
 Words wordsOf(const std::string& theOption) {
-    if (theOption == "charset") {
-        return copied(charsetNames(CliCharsetUse::output));
-    }
-    if (theOption == "input-charset") {
-        return copied(charsetNames(CliCharsetUse::input));
+    if (theOption == "charset" || theOption == "input-charset") {
+        return copied(charsetNames());
     }
     if (theOption == "media-type") {
         return copied(EncodeCommand::mediaTypes());

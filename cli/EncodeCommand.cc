@@ -151,10 +151,9 @@ EncodeCommand::Settings EncodeCommand::settings() const {
         result.mediaType = mediaTypeByName(*mediaTypeM);
     }
     if (inputCharsetM) {
-        result.inputCharset =
-            charsetByName("--input-charset", *inputCharsetM, CliCharsetUse::input);
+        result.inputCharset = charsetByName("--input-charset", *inputCharsetM);
     }
-    const HedCharsetId charset = charsetByName("--charset", charsetM, CliCharsetUse::output);
+    const HedCharsetId charset = charsetByName("--charset", charsetM);
     result.outputCharset = HedCharsetMap::instance().getName(charset);
     if (result.outputCharset.empty()) {
         throw CliUsageError("--charset: charset \"" + visibleText(charsetM) + "\" has no name");

@@ -66,7 +66,7 @@ std::string DumpCharset::decode(std::string_view theBytes) {
         return escapeOthers(theBytes, true);
     }
     const auto charset = static_cast<HedCharsetId>(numberM);
-    if (numberM <= INT_MAX && CcCharsetConverter::canConvertToUtf8(charset)) {
+    if (numberM <= INT_MAX && CcCharsetConverter::canConvert(charset)) {
         if (converterM == nullptr) {
             converterM = std::make_unique<CcCharsetConverter>();
         }

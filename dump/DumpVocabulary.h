@@ -1,4 +1,5 @@
-// From the numbers of WBXML to names: the tables of the encoder, read the other way round.
+// From the numbers of WBXML to names: the tables of the encoder, read the other way round, and the
+// public identifiers of the registry.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +9,8 @@
 
 namespace lumnis {
 
-// A registered public identifier: WBXML 1.3, 7.2.
+// A registered public identifier: WBXML 1.3, 7.2. The encoder writes 13 for "CHANNEL 1.2" as well,
+// which the registry does not list.
 struct DumpPublicId {
     std::uint32_t number;
     std::string_view name;

@@ -117,12 +117,11 @@ TEST(HedNameMaps, HaveEveryRowOfTheRegistries) {
 TEST(CcCharsetConverter, CodePagesAreOfKnownSets) {
     for (const CcCodePage& row : CcCharsetConverter::codePages()) {
         EXPECT_FALSE(HedCharsetMap::instance().getName(row.charset).empty());
-        EXPECT_TRUE(CcCharsetConverter::canConvertToUtf8(row.charset));
-        EXPECT_TRUE(CcCharsetConverter::canConvertFromUtf8(row.charset));
+        EXPECT_TRUE(CcCharsetConverter::canConvert(row.charset));
     }
-    EXPECT_TRUE(CcCharsetConverter::canConvertToUtf8(106));
-    EXPECT_FALSE(CcCharsetConverter::canConvertToUtf8(1015));
-    EXPECT_FALSE(CcCharsetConverter::canConvertFromUtf8(-1));
+    EXPECT_TRUE(CcCharsetConverter::canConvert(106));
+    EXPECT_FALSE(CcCharsetConverter::canConvert(1015));
+    EXPECT_FALSE(CcCharsetConverter::canConvert(-1));
 }
 
 std::string bytes(const CpsString& theString) {

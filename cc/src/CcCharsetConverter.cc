@@ -406,13 +406,9 @@ void CcCharsetConverter::fail(const char* theTrace, std::string_view theMessage,
     errorMessageM = theMessage;
 }
 
-bool CcCharsetConverter::canConvertToUtf8(HedCharsetId theCharset) {
+bool CcCharsetConverter::canConvert(HedCharsetId theCharset) {
     return theCharset == theUtf8Charset || theCharset == theUcs2Charset ||
            theCharset == theUcs4Charset || codePageOf(theCharset) != 0;
-}
-
-bool CcCharsetConverter::canConvertFromUtf8(HedCharsetId theCharset) {
-    return canConvertToUtf8(theCharset);
 }
 
 std::span<const CcCodePage> CcCharsetConverter::codePages() {

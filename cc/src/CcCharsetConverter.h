@@ -78,8 +78,7 @@ class CcCharsetConverter {
     static std::uint32_t getElementAsInt(std::string_view theElement);
 
     // Whether convertToUtf8 and convertFromUtf8 know the number, not counting the private ones.
-    static bool canConvertToUtf8(HedCharsetId theCharset);
-    static bool canConvertFromUtf8(HedCharsetId theCharset);
+    static bool canConvert(HedCharsetId theCharset);
     // The sets that go through the code-page service, by number.
     static std::span<const CcCodePage> codePages();
 

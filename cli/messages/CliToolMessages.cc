@@ -28,7 +28,7 @@ constexpr CliMessageRow theToolMessages[] = {
      R"($ lumnis compile --error-format jsn hello.wmls)",
      R"($ lumnis compile --error-format json hello.wmls)"},
     {R"({}: charset "{}" is not supported ("lumnis charsets" lists those that are))",
-     R"(There is no charset of this name or number, or it can be converted in the other direction only.)",
+     R"(There is no charset of this name or number, or it cannot be converted.)",
      R"(The name is mistyped.)",
      R"($ lumnis compile --charset latn1 hello.wmls)",
      R"($ lumnis compile --charset latin1 hello.wmls)"},

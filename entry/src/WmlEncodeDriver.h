@@ -28,7 +28,7 @@ class WmlEncodeDriver {
     void setMediaType(int theMediaType) { mediaTypeM = theMediaType; }
 
     // Encodes one document. Throws std::bad_alloc and CCException before the document is parsed;
-    // whatever goes wrong from then on is an outcome.
+    // whatever goes wrong from then on is an outcome, if there is memory to put it into words.
     Outcome encode(std::string_view theSource);
 
     // What has come of the latest encode. The output is empty unless it succeeded.

@@ -7,9 +7,9 @@ namespace lumnis {
 // different processes and in one; a thread must not take a name twice at once.
 //
 // The mutex comes free when its holder dies. A holder that lives but does not let go (a stopped
-// process, a stranger) must not stop the host: after a second the object gives up, and until the
-// mutex has been had again no object of this process waits for it. So isHeld may be false, and
-// what is guarded must be safe, if less tidy, without.
+// process, a stranger) must not stop the host: after a second the object gives up, and until one
+// has been had again no object of this process waits, whatever its name. So isHeld may be false,
+// and what is guarded must be safe, if less tidy, without.
 class FwNamedMutex {
   public:
     // Letters and digits.

@@ -1,8 +1,8 @@
 // The application log: lines of trace, debug and events, as the settings ask for them.
 //
-// docs/logging.md tells the settings and shows the lines. Without settings the log writes
-// nothing. It never fails its user: nothing is thrown, errno and signals stay as they were, and a
-// line that cannot be written vanishes.
+// docs/logging.md tells the settings and shows the lines. Without settings the log writes nothing;
+// that they are missing goes to the system's log, once. It never fails its user: nothing is thrown,
+// errno and signals stay as they were, and a line that cannot be written vanishes.
 #pragma once
 
 #include <atomic>

@@ -13,7 +13,7 @@ namespace lumnis {
 enum class FwTraceKind { entry, exit };
 
 // Opened at the top of a function of note with its qualified name, as in
-//     FwTraceScope scope("WscParser::parse");
+//     FwTraceScope scope("WscParser::yyparse");
 // Silent unless the settings of the log turn the trace on: then it costs a test of one byte at
 // entry and at exit.
 class [[maybe_unused]] FwTraceScope {

@@ -74,6 +74,7 @@ constexpr bool isTransparent(int theSymbol) noexcept {
 
 template <std::size_t theStates, class Tables>
 int passUnitReductions(int theState, int theStateBelow, int theToken, const Tables& theTables) {
+    static_assert(theStates <= UnitReductionMemo::theLimit);
     static const auto theUnitRules = findUnitRules<theStates>(theTables, isTransparent);
     static constinit UnitReductionMemo theMemo;
     return theUnitRules[static_cast<std::size_t>(theState)] == 0

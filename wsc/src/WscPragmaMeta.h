@@ -1,5 +1,6 @@
-// A "use meta name" or "use meta http equiv" pragma. It tells the origin server something and
-// never stands in the byte code; the compiler hands it to its caller.
+// A "use meta name" pragma, for the author and his tools, or a "use meta http equiv" one, a header
+// for the way to the handset. It never stands in the byte code; the compiler hands it to its
+// caller.
 #pragma once
 
 #include <utility>

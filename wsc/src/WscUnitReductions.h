@@ -43,7 +43,7 @@ UnitReductionTables(const Pact*, const Defact*, const Pgoto*, const Defgoto*, co
 // and whoever writes it writes the same.
 class UnitReductionMemo {
   public:
-    // States and symbols are below 1024.
+    // States and symbols are below it: keyOf packs them in ten and eleven bits.
     static constexpr int theLimit = 1024;
 
     // Names the climb that begins at theState above theStateBelow; theSymbol is the look-ahead,

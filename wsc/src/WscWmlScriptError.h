@@ -11,7 +11,7 @@ class WscWmlScriptError {
   public:
     enum Code {
         CompilationError = 0,
-        OtherError = 1,  // a fault that is not the script's: no memory, an internal error
+        OtherError = 1,  // a fault that is not the script's
         NotAnError = 2
     };
 
