@@ -73,7 +73,7 @@ void CheckCommand::addTo(CLI::App& theApp) {
     verb->add_flag("--events", hasEventsM,
                    "Print what the parser finds, one event per line, up to the\n"
                    "first error; none of the content where --external has read\n"
-                   "a complete DTD and the document declares nothing itself");
+                   "a complete DTD and the document has no internal subset");
     addQuietOption(*verb, batchM);
 }
 

@@ -30,16 +30,18 @@
  *    been stored in *result all the same and is the caller's to release. So is the block, of no
  *    use, that a refused deck leaves there. *resultLength is written on success alone.
  * 4. Error text. Written on failure alone, and not on every failure: a result of the wrong size,
- *    lack of memory for it, and an empty deck (a line on standard output tells of it) have no text. An out-parameter that is not written keeps what the
- *    caller left in it, so set all three before the call. errorText alone may be null: then no
+ *    lack of memory for it, and an empty deck, of which a line on standard output tells, have no
+ *    text. An out-parameter that is not written keeps what the caller left in it, so set all three
+ *    before the call. errorText alone may be null: then no
  *    text is given. A call with a null result or resultLength fails and writes nothing.
  *    WMLSCompile: NUL-terminated, from malloc, the caller releases it with free. When there is no
  *    memory for the text, *errorText becomes null.
  *    WMLEncode: NUL-terminated, belongs to the library and is readable until the same thread's
  *    next call of WMLEncode. The caller must not release it.
  * 5. Threads. Any number of calls may run at once on as many threads. They start no thread of their
- *    own, and nothing of one call reaches another: what stays are tables that are made once and
- *    caches on which no result depends. None is freed, so that a call may come while the process ends.
+ *    own, and nothing of one call reaches another: what stays are tables that are made once, and
+ *    caches and counters on which no result depends. None is freed, so that a call may come while
+ *    the process ends.
  * 6. Exceptions. None leaves a call, whatever the source.
  */
 #ifndef LUMNISUTIL_H

@@ -4,49 +4,37 @@
 
 namespace lumnis {
 
-namespace {
+CcCharsetUcs4::CcCharsetUcs4(std::string_view theText) : isWellFormedM(true) {
+    valuesM.reserve(theText.size());
+    for (std::size_t at = 0; at < theText.size() && isWellFormedM;) {
+        std::uint32_t value = 0;
+        at += decodeOne(theText.substr(at), value);
+        valuesM.push_back(value);
+    }
+}
 
-struct Decoded {
-    std::uint32_t value;
-    std::size_t length;  // what of the text it takes
-    bool isWellFormed;
-};
-
-// The character at the start of theText, which is not empty.
-Decoded decodeOne(std::string_view theText) {
+std::size_t CcCharsetUcs4::decodeOne(std::string_view theText, std::uint32_t& theValue) {
     const auto lead = static_cast<unsigned char>(theText[0]);
     const auto length = static_cast<std::size_t>(std::countl_one(lead));
     if (length == 0) {
-        return {lead, 1, true};
+        theValue = lead;
+        return 1;
     }
     if (length == 1 || length > 6 || length > theText.size()) {
-        return {0, 1, false};
+        isWellFormedM = false;
+        return 1;
     }
-    Decoded result{lead & (0x7Fu >> length), length, true};
+    theValue = lead & (0x7Fu >> length);
     for (std::size_t i = 1; i < length; ++i) {
         const auto further = static_cast<unsigned char>(theText[i]);
         if ((further & 0xC0) == 0x80) {
-            result.value = result.value << 6 | (further & 0x3F);
+            theValue = theValue << 6 | (further & 0x3F);
         } else {
             // Adds nothing; the rest of the character still counts.
-            result.isWellFormed = false;
+            isWellFormedM = false;
         }
     }
-    return result;
-}
-
-}  // namespace
-
-CcCharsetUcs4::CcCharsetUcs4(std::string_view theText) {
-    valuesM.reserve(theText.size());
-    while (!theText.empty()) {
-        const Decoded character = decodeOne(theText);
-        valuesM.push_back(character.value);
-        if (!character.isWellFormed) {
-            break;
-        }
-        theText.remove_prefix(character.length);
-    }
+    return length;
 }
 
 CpsString CcCharsetUcs4::getWbxmlValue() const {

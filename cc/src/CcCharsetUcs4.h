@@ -26,6 +26,10 @@ class CcCharsetUcs4 {
     const std::vector<std::uint32_t>& values() const { return valuesM; }
 
   private:
+    // Decodes the character at the start of theText; returns the bytes that it takes.
+    std::size_t decodeOne(std::string_view theText, std::uint32_t& theValue);
+
+    bool isWellFormedM;
     std::vector<std::uint32_t> valuesM;
 };
 

@@ -1,5 +1,5 @@
-// The settings of the content handlers, which deck and script compiler are to the environment that
-// loads them: constants, set in one place.
+// The settings of the content handlers, as an authoring environment calls the two compilers:
+// constants, set in one place.
 #pragma once
 
 #include "CpsString.h"

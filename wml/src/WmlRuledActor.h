@@ -89,7 +89,7 @@ class WmlRuledActor : public WmlActor {
     virtual bool tokenizeSpecial(unsigned char theToken, const XpDtd::Attribute& theAttr,
                                  const XpDtd::AttributeMap& theAttributes, WmlCtrl& theCtrl) const;
 
-    // What begin does behind the flush, for an actor that decides otherwise.
+    // What begin does behind the flush and enter, for an actor that decides otherwise.
     void writeElement(const XpDtd::AttributeMap& theAttributes, int theContentKind,
                       WmlCtrl& theCtrl) const;
 

@@ -1,6 +1,5 @@
-// A "use meta name" pragma, for the author and his tools, or a "use meta http equiv" one, a header
-// for the way to the handset. It never stands in the byte code; the compiler hands it to its
-// caller.
+// A "use meta name" pragma, for the origin server, or a "use meta http equiv" one, a header for the
+// way to the handset. It never stands in the byte code; the compiler hands it to its caller.
 #pragma once
 
 #include <utility>

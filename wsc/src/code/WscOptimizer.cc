@@ -114,9 +114,9 @@ const Rule* findLoadVarRule(bool isShort, WscOpcode theSecond, WscOpcode theThir
     return nullptr;
 }
 
-// The rule of the one pattern that fits, or null. All have the same effect on numbers. On texts
-// some have not: UMINUS SUB made ADD joins them, and a conversion goes with the instruction that
-// did it. The patterns stay as they are, since byte code must not change.
+// The rule of the one pattern that fits, or null. All give the same value for integers. Not for all
+// else: UMINUS SUB made ADD joins texts, a conversion goes with the instruction that did it, and
+// IDIV by -1 is invalid for a float. The patterns stay as they are: byte code must not change.
 const Rule* findRule(WscOpcode theFirst, WscOpcode theSecond, WscOpcode theThird,
                      WscOpcode theFourth) {
     switch (theFirst) {
