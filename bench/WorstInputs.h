@@ -1,5 +1,6 @@
 // Inputs of a given size for each entrance of the system: ordinary ones, and those that load one
-// construct with all that the size allows.
+// construct with all that the size allows. Decks and scripts have a source file each, WorstDecks.cc
+// and WorstScripts.cc.
 #pragma once
 
 #include <cstddef>

@@ -43,8 +43,8 @@ CliExit CharsetsCommand::run() const {
         if (CcCharsetConverter::canConvert(row.number)) {
             std::string line(96, '\0');
             const int length =
-                std::snprintf(line.data(), line.size(), "%-8d %-18.*s %-10s ", row.number,
-                              static_cast<int>(row.name.size()), row.name.data(), "both");
+                std::snprintf(line.data(), line.size(), "%-8d %-18.*s both       ", row.number,
+                              static_cast<int>(row.name.size()), row.name.data());
             line.resize(static_cast<std::size_t>(length));
             line += aliasesOf(row);
             line.erase(line.find_last_not_of(' ') + 1);

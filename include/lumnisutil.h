@@ -32,8 +32,8 @@
  * 4. Error text. Written on failure alone, and not on every failure: a result of the wrong size,
  *    lack of memory for it, and an empty deck, of which a line on standard output tells, have no
  *    text. An out-parameter that is not written keeps what the caller left in it, so set all three
- *    before the call. errorText alone may be null: then no
- *    text is given. A call with a null result or resultLength fails and writes nothing.
+ *    before the call. errorText alone may be null: then no text is given. A call with a null result
+ *    or resultLength fails and writes nothing.
  *    WMLSCompile: NUL-terminated, from malloc, the caller releases it with free. When there is no
  *    memory for the text, *errorText becomes null.
  *    WMLEncode: NUL-terminated, belongs to the library and is readable until the same thread's

@@ -23,20 +23,15 @@
 #include <thread>
 
 #include "CcCharsetConverter.h"
+#include "ChildProcess.h"
 #include "Files.h"
 #include "FwApplicationLog.h"
 #include "FwLogManager.h"
-#include "FwNamedMutex.h"
-#include "FwProcessTable.h"
-#include "FwRegistry.h"
 #include "FwTraceScope.h"
 
 namespace {
 int theEventFile = -1;
 }
-
-// Writes what a build for coverage has counted; other builds do not have it.
-extern "C" [[gnu::weak]] int __llvm_profile_write_file();
 
 // support/failing_calls.c: "CALL:N:ERRNO,..." fails from here on.
 extern "C" void fail_calls(const char* thePlans);
@@ -56,15 +51,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Ends a child without running what its parent has registered for its own end.
-[[noreturn]] void leave(int theStatus) {
-    if (__llvm_profile_write_file != nullptr) {
-        __llvm_profile_write_file();
-    }
-    _exit(theStatus);
-}
-
 using test::contentOf;
+using test::leave;
 using test::linesOf;
 
 // Whether all of theText is an extended regular expression of POSIX.
@@ -562,95 +550,6 @@ TEST_F(ApplicationLog, LinesOfThreadsDoNotMix) {
     for (const std::string& line : lines) {
         EXPECT_TRUE(matches(line, " *((>>|<<) , (outer|inner)|  , text)")) << line;
     }
-}
-
-// The child takes the mutex, tells so and waits.
-pid_t startHolder() {
-    int ends[2];
-    if (pipe(ends) != 0) {
-        return -1;
-    }
-    const pid_t child = fork();
-    if (child == 0) {
-        const FwNamedMutex mutex("HolderTest");
-        const char told = mutex.isHeld() ? '1' : '0';
-        if (write(ends[1], &told, 1) == 1) {
-            pause();
-        }
-        leave(1);
-    }
-    char told = '0';
-    EXPECT_EQ(read(ends[0], &told, 1), 1);
-    EXPECT_EQ(told, '1');
-    close(ends[0]);
-    close(ends[1]);
-    return child;
-}
-
-TEST(FwNamedMutex, SurvivesItsHolderAndDoesNotWaitForever) {
-    const pid_t holder = startHolder();
-    const auto start = std::chrono::steady_clock::now();
-    for (int i = 0; i < 100; ++i) {
-        // The first attempt waits, the others know better.
-        EXPECT_FALSE(FwNamedMutex("HolderTest").isHeld());
-    }
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
-    kill(holder, SIGKILL);
-    waitpid(holder, nullptr, 0);
-    const FwNamedMutex mutex("HolderTest");
-    EXPECT_TRUE(mutex.isHeld());
-    EXPECT_TRUE(FwNamedMutex("OtherTest").isHeld());
-}
-
-// Somebody may tidy the file away, or the folder may be missing.
-TEST(FwNamedMutex, IsHeldWhereTheSystemLetsIt) {
-    struct Row {
-        const char* plans;
-        bool isHeld;
-    };
-    const Row rows[] = {
-        {"", true},
-        {"flock:1:EINTR", true},
-        {"flock:1+:ENOLCK", false},
-        {"open=FailingTest:1+:EACCES", false},
-        {"open=FailingTest:1:ENOENT", true},  // made by another process since
-        {"open=FailingTest:1+:ENOENT", false},
-        {"fstat:1:EIO", true},
-        {"lstat:1:ENOENT", true},
-        {"lstat:1+:ENOENT", false},
-        {"stat:1:ENOENT", true},
-    };
-    for (const Row& row : rows) {
-        fail_calls(row.plans);
-        const FwNamedMutex mutex("FailingTest");
-        fail_calls(nullptr);
-        EXPECT_EQ(mutex.isHeld(), row.isHeld) << row.plans;
-    }
-    for (const char* folder : {"/dev/shm/", "/tmp/"}) {
-        fs::remove(std::string(folder) + "lumnisutil.FailingTest");
-    }
-    EXPECT_TRUE(FwNamedMutex("FailingTest").isHeld());
-    fs::remove("/dev/shm/lumnisutil.FailingTest");
-}
-
-TEST(FwRegistry, HasOneMachineOnly) {
-    try {
-        const FwRegistry registry("other", FwHive::localMachine, "Root");
-        FAIL();
-    } catch (const std::runtime_error& error) {
-        EXPECT_STREQ(error.what(),
-                     "Unable to connect to registry on mashine, other. "
-                     "System message: Operation not supported");
-    }
-}
-
-TEST(FwProcessTable, FindsProcesses) {
-    FwProcessTable table(true);
-    EXPECT_EQ(table.name(), "");
-    EXPECT_TRUE(table.find(static_cast<unsigned>(getpid())));
-    EXPECT_EQ(table.name(), "test_applicatio");
-    EXPECT_FALSE(table.find(0x7FFFFFFF));
-    EXPECT_FALSE(FwProcessTable(false).find(static_cast<unsigned>(getpid())));
 }
 
 // The part of a document between the lines "```" behind theHeading.

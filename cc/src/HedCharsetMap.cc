@@ -7,8 +7,7 @@ namespace {
 // clang-format off
 
 // The names that getName gives. The number is the MIBenum value of the IANA registry; the negative
-// ones are ours, and stay, since documents have them: for sets that the registry does not list, or
-// did not when they got their number.
+// ones are ours, and stay as they are, whether the registry lists the set or not.
 constexpr std::array theCanonicalCharsets{
     HedNameRow{"unknown charset",        -1},
     HedNameRow{"utf-8",                 106},

@@ -25,7 +25,7 @@ class XpDtd::ContentNode {
 struct XpPseudoElements {
     const XpDtd::Element pcData{"#PCDATA"};  // text
     const XpDtd::Element end{"[END]"};       // the end tag
-    const XpDtd::Element empty{"[EMPTY]"};   // only EMPTY allows it: tells that model from others
+    const XpDtd::Element empty{"[EMPTY]"};   // no content at all, which EMPTY and ANY know
 
     static const XpPseudoElements& instance();
 };

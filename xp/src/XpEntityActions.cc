@@ -13,8 +13,8 @@ namespace lumnis {
 
 namespace {
 
-// Levels of parameter entities before they are called too deep. One that refers to itself mostly
-// makes another fault at the second level, and that is the better message.
+// More levels than there are parameter entities mean that one holds itself. Mostly that comes to
+// another fault at the second level, which is the better message: so many levels are let go on.
 constexpr std::size_t thePeDepthReserve = 100'000;
 
 std::unique_ptr<CpsString> copyOf(const CpsString& theText) {
